@@ -1,0 +1,110 @@
+#pragma once
+// The one document held in memory: layers of entries pointing into shared
+// pools of coordinate records and text lines.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "document/block_pool.h"
+#include "document/text_arena.h"
+
+namespace korvexed {
+
+enum class line_kind : uint8_t { text = 0, layer_change = 1, g1 = 2, g0 = 3, g92 = 4 };
+
+inline bool is_move(line_kind k) { return k == line_kind::g1 || k == line_kind::g0; }
+inline bool is_coordinate(line_kind k) { return is_move(k) || k == line_kind::g92; }
+
+// A field that a G92 line does not name; tested by exact equality.
+inline constexpr double no_value = -3e300;
+// Offsets, deltas and squared lengths at or below this count as nothing.
+inline constexpr double negligible = 1e-10;
+// Limit on layers and on entries per layer.
+inline constexpr int32_t max_data_count = 100000;
+
+inline constexpr int32_t layer_chunk = 1000;
+inline constexpr int32_t entry_chunk = 1000;
+inline constexpr int32_t coor_chunk = 10000;
+inline constexpr int32_t text_chunk = 10000;
+
+struct g_entry {
+  line_kind kind = line_kind::text;
+  int32_t index = 0;  // into coor_list for g1/g0/g92, into text_list for text
+};
+
+struct coor_data {
+  double x = 0, y = 0, e = 0, f = 0;
+  double e_delta = 0;  // E advanced by this move
+  double d_delta = 0;  // squared length of this move from the state before it
+  bool no_extrude = false;
+  uint32_t comment = 0;  // id in Document::comment_list; 0 = no comment
+};
+
+struct layer_data {
+  double z = 0;
+  std::vector<g_entry> g;  // allocated length is g_capacity()
+  int32_t g_count = 0;
+  double dz = 0;
+  int32_t coor_count = 0;  // entries of kind g1 or g0
+
+  int32_t g_capacity() const { return static_cast<int32_t>(g.size()); }
+};
+
+struct Document {
+  std::vector<layer_data> layer_list;  // allocated length is layer_capacity()
+  int32_t layer_count = 0;
+
+  BlockPool<coor_data, coor_chunk> coor_list;
+  int32_t coor_list_count = 0;
+
+  BlockPool<std::string, text_chunk> text_list;
+  int32_t text_list_count = 0;
+
+  TextArena comment_list;
+
+  std::string file_name;
+  bool modified = false;
+  int32_t current_layer = -1;
+  int32_t layer_tagged = 0;
+  bool decimal_comma = false;
+
+  // Loader and writer working state.
+  double current_z = 0;
+  coor_data last_coor;
+  bool data_limit_hit = false;
+
+  int32_t layer_capacity() const { return static_cast<int32_t>(layer_list.size()); }
+  int32_t coor_list_capacity() const { return coor_list.capacity(); }
+  int32_t text_list_capacity() const { return text_list.capacity(); }
+
+  layer_data& layer(int32_t i) { return layer_list[static_cast<size_t>(i)]; }
+  coor_data& coor(const g_entry& e) { return coor_list[e.index]; }
+  coor_data& coor(int32_t layer_index, int32_t entry) { return coor_list[layer(layer_index).g[static_cast<size_t>(entry)].index]; }
+  std::string_view comment(const coor_data& c) const { return comment_list[c.comment]; }
+
+  // Room for one more entry in `layer` (grows g by entry_chunk).
+  void ensure_g_capacity(layer_data& layer);
+  // Index of a fresh record at the end of the pool (grows by coor_chunk).
+  int32_t new_coor_record();
+};
+
+// The process-wide document.
+extern Document doc;
+
+// Filling the model from G-code lines (already split from their comments).
+// A refused addition (a limit reached) changes nothing but data_limit_hit.
+// A malformed number throws NumberError before anything is added.
+void AddLayer(std::string_view line, std::string_view comment);       // at current_z
+void AddMoveRecord(line_kind kind, std::string_view line, std::string_view comment);
+void AddG92Record(std::string_view line, std::string_view comment);
+void AddTextRecord(std::string_view line, std::string_view comment);
+
+// Empties the document when `loaded` is false (one layer holding G1 Z0);
+// in both cases enables or disables the controls that need a document.
+void ResetDocument(bool loaded);
+void SetDocumentControls(bool enabled);
+bool IsDocumentLoaded();
+void ShowStatus(std::string_view text, int panel);
+
+}  // namespace korvexed

@@ -1,0 +1,46 @@
+#pragma once
+// Line and number helpers: comment splitting, line classification, field
+// parsing and the number text of the program.
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "document/document.h"
+
+namespace korvexed {
+
+// Error 1234: a field's text is not a number. what() is the description,
+// the offending text followed by " is not a number.".
+class NumberError : public std::runtime_error {
+ public:
+  static constexpr int number = 1234;
+  explicit NumberError(std::string_view text);
+};
+
+// Splits `line` at its first ";": `line` keeps what stands before it
+// (trailing blanks included), the result is what follows it.
+std::string_view SplitComment(std::string_view& line);
+
+// The kind of a line without its comment. A move whose Z differs from
+// `current_z` is a layer change and sets `current_z`.
+line_kind ClassifyLine(std::string_view line, double& current_z);
+
+// The number behind `key` ('X', 'Y', 'Z', 'E' or 'F'), searched from the
+// fourth character on; no_value when the key is absent. Throws NumberError.
+// Reads the decimal separator of doc.decimal_comma.
+double ParseField(std::string_view line, char key);
+
+// Whether the user's locale writes a decimal comma.
+bool DetectDecimalComma();
+
+// At most five decimals, rounded as printf's "%.5f", trailing zeros and a
+// trailing separator dropped, never "-0". The separator is "," when
+// doc.decimal_comma is set and `to_period` is false.
+std::string FormatNumber(double value, bool to_period);
+// The same text appended to `out` (the writer's fast path).
+void AppendNumber(std::string& out, double value, bool to_period);
+
+// The value rounded to five decimals, for comparing written values.
+double RoundTo5(double value);
+
+}  // namespace korvexed

@@ -1,0 +1,67 @@
+#pragma once
+// The state behind the main window's three lists, owned by the logic so
+// that the editor, the CLI and the tests share it. The window's list
+// controls are views of it (Platform::list_* tell them what changed).
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace korvexed {
+
+struct ListState {
+  // Layer list: line i stands for layer i; selected = layer on view.
+  std::vector<uint8_t> layer_selected;
+  int32_t layer_caret = -1;
+
+  // Data list: row i stands for entry i of the current layer;
+  // selected = record on view.
+  std::vector<uint8_t> data_selected;
+  int32_t data_caret = -1;
+
+  // Selection list: line k shows record row_to_g[k] of the current layer
+  // (a G1/G0 record on view); select_line[k] is the line's selected state.
+  std::vector<int32_t> row_to_g;
+  std::vector<uint8_t> select_line;
+  int32_t select_caret = -1;
+
+  // One flag per entry of the current layer: nonzero = marked vertex.
+  std::vector<uint8_t> select_flag;
+
+  // Set while the logic rebuilds the lists, so that their own click
+  // handlers do nothing.
+  bool refresh_guard = false;
+};
+
+extern ListState lists;
+
+// "L12> Z3.6": the layer list's line for layer i.
+std::string LayerLineText(int32_t layer);
+
+// After a load: every layer listed, layer 0 alone on view and current.
+void FillLayerList();
+// Makes `layer` current as a click on its line with no other layer on view:
+// every data row on view, no vertex marked.
+void ShowSingleLayer(int32_t layer);
+// Re-reads the Z captions of the layer list from `first` on.
+void RefreshLayerCaptions(int32_t first);
+
+// Data view commands: 0 None, 1 Invert, 2 Selected, 3 Extruded, 4 All.
+void DataViewCommand(int index);
+// Puts exactly these rows of the current layer on view.
+void SetDataRowsOnView(const std::vector<int32_t>& rows);
+
+// Rebuilds the selection list from the rows on view and the flags.
+void RebuildSelectionList();
+// Copies line states into flags (list_to_flags) or flags into line states;
+// then writes the selection status.
+void ApplySelection(bool list_to_flags);
+// "3 vertices selected" in panel 1, "Data N" or "Multi Data" in panel 3.
+void SelectionStatus();
+// Select commands: 0 None, 1 Invert, 2 All.
+void SelectCommand(int index);
+
+// Tells the window that every record text of the current layer may have
+// changed (after an edit).
+void RefreshListsAfterEdit();
+
+}  // namespace korvexed

@@ -1,0 +1,61 @@
+#pragma once
+#include <array>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace korvexed {
+
+// The platform without a window: messages are recorded, questions take the
+// answers queued by the caller (or a default), key state and locale are set
+// by the caller.
+class HeadlessPlatform : public Platform {
+ public:
+  struct Message {
+    std::string text;
+    MsgIcon icon;
+    MsgButtons buttons;
+  };
+
+  MsgAnswer message_box(std::string_view text, MsgIcon icon, MsgButtons buttons) override;
+  void show_status(std::string_view text, int panel) override;
+  void set_document_controls(bool enabled) override { controls_enabled = enabled; }
+  bool document_controls_enabled() const override { return controls_enabled; }
+  void set_export_enabled(bool enabled) override { export_enabled = enabled; }
+  Modifiers key_state() const override { return modifiers; }
+  void set_busy(bool busy) override { busy_depth += busy ? 1 : -1; }
+  bool locale_decimal_comma() const override { return decimal_comma; }
+  void list_row_inserted(ListId, int) override {}
+  void list_row_removed(ListId, int) override {}
+  void list_reset(ListId) override {}
+
+  // Called for every message box after it is recorded; the CLI prints it.
+  virtual void on_message(const Message&) {}
+
+  std::vector<Message> messages;
+  std::deque<MsgAnswer> answers;               // taken front first by questions
+  MsgAnswer default_answer = MsgAnswer::no;    // when no answer is queued
+  std::array<std::string, 4> status;           // panels 1 to 3
+  bool controls_enabled = false;
+  bool export_enabled = false;
+  Modifiers modifiers;
+  int busy_depth = 0;
+  bool decimal_comma = false;
+};
+
+// Installs a fresh HeadlessPlatform for the lifetime of the object (tests).
+class ScopedHeadlessPlatform {
+ public:
+  ScopedHeadlessPlatform();
+  ~ScopedHeadlessPlatform();
+  HeadlessPlatform* operator->() { return &platform_; }
+  HeadlessPlatform& get() { return platform_; }
+
+ private:
+  HeadlessPlatform platform_;
+  Platform* previous_;
+};
+
+}  // namespace korvexed

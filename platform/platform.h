@@ -1,0 +1,58 @@
+#pragma once
+// What the document and editing logic needs of the window system. The
+// editor implements it with Qt; the CLI and the tests use HeadlessPlatform.
+#include <string_view>
+
+namespace korvexed {
+
+enum class MsgIcon { critical, question, exclamation, information };
+enum class MsgButtons { ok, yes_no, yes_no_cancel };
+enum class MsgAnswer { ok, yes, no, cancel };
+
+struct Modifiers {
+  bool shift = false, ctrl = false, alt = false;
+  bool any() const { return shift || ctrl || alt; }
+};
+
+// The three list boxes of the main window; they show the logic's list state.
+enum class ListId { layer, data, select };
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  virtual MsgAnswer message_box(std::string_view text, MsgIcon icon, MsgButtons buttons) = 0;
+  virtual void show_status(std::string_view text, int panel) = 0;
+
+  // Every control that needs a document ("&Save" among them).
+  virtual void set_document_controls(bool enabled) = 0;
+  virtual bool document_controls_enabled() const = 0;
+  // The tagged export entry, offered only for files without tags.
+  virtual void set_export_enabled(bool enabled) = 0;
+
+  virtual Modifiers key_state() const = 0;
+  virtual void set_busy(bool busy) = 0;
+  // True when the user's locale writes 1.1 with a decimal comma.
+  virtual bool locale_decimal_comma() const = 0;
+
+  // The list state changed: one row inserted or removed at `row`, or
+  // anything at all (contents, selection) for a reset.
+  virtual void list_row_inserted(ListId list, int row) = 0;
+  virtual void list_row_removed(ListId list, int row) = 0;
+  virtual void list_reset(ListId list) = 0;
+};
+
+// The platform in use. Until one is installed, a headless one answers.
+Platform& platform();
+void set_platform(Platform* p);
+
+// Hourglass pointer for the lifetime of the guard.
+class BusyPointer {
+ public:
+  BusyPointer() { platform().set_busy(true); }
+  ~BusyPointer() { platform().set_busy(false); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+}  // namespace korvexed
