@@ -52,6 +52,7 @@ class ScopedHeadlessPlatform {
   ~ScopedHeadlessPlatform();
   HeadlessPlatform* operator->() { return &platform_; }
   HeadlessPlatform& get() { return platform_; }
+  const HeadlessPlatform& get() const { return platform_; }
 
  private:
   HeadlessPlatform platform_;

@@ -1,0 +1,152 @@
+#include "document/document.h"
+
+#include "document/korvexed_general.h"
+#include "editing/list_state.h"
+#include "platform/platform.h"
+
+namespace korvexed {
+
+Document doc;
+
+void Document::ensure_g_capacity(layer_data& layer) {
+  if (layer.g_count >= layer.g_capacity()) layer.g.resize(static_cast<size_t>(layer.g_count + entry_chunk));
+}
+
+int32_t Document::new_coor_record() {
+  if (coor_list_count >= coor_list.capacity()) coor_list.grow();
+  return coor_list_count++;
+}
+
+namespace {
+
+layer_data* last_layer_with_room() {
+  layer_data& layer = doc.layer(doc.layer_count - 1);
+  if (layer.g_count >= max_data_count) {
+    doc.data_limit_hit = true;
+    return nullptr;
+  }
+  return &layer;
+}
+
+struct Fields {
+  double x, y, e, f;
+};
+
+// Reads X, Y, E and F; the ones given become the last known values.
+Fields read_fields(std::string_view line) {
+  const Fields read{ParseField(line, 'X'), ParseField(line, 'Y'), ParseField(line, 'E'), ParseField(line, 'F')};
+  coor_data& last = doc.last_coor;
+  if (read.x != no_value) last.x = read.x;
+  if (read.y != no_value) last.y = read.y;
+  if (read.e != no_value) last.e = read.e;
+  if (read.f != no_value) last.f = read.f;
+  return read;
+}
+
+coor_data& append_coordinate_entry(layer_data& layer, line_kind kind) {
+  doc.ensure_g_capacity(layer);
+  const int32_t index = doc.new_coor_record();
+  layer.g[static_cast<size_t>(layer.g_count)] = {kind, index};
+  ++layer.g_count;
+  return doc.coor_list[index];
+}
+
+}  // namespace
+
+void AddLayer(std::string_view line, std::string_view comment) {
+  if (doc.layer_count >= max_data_count) {
+    doc.data_limit_hit = true;
+    return;
+  }
+  if (doc.layer_count >= doc.layer_capacity()) doc.layer_list.resize(static_cast<size_t>(doc.layer_count + layer_chunk));
+  layer_data& layer = doc.layer(doc.layer_count);
+  layer.z = doc.current_z;
+  layer.g_count = 0;
+  layer.coor_count = 0;
+  layer.dz = doc.layer_count < 1 ? 0 : doc.current_z - doc.layer(doc.layer_count - 1).z;
+  ++doc.layer_count;
+  // A layer started by "G01 Z..." is kept as a travel move: only "G1" counts.
+  AddMoveRecord(line.starts_with("G1") ? line_kind::g1 : line_kind::g0, line, comment);
+}
+
+void AddMoveRecord(line_kind kind, std::string_view line, std::string_view comment) {
+  layer_data* layer = last_layer_with_room();
+  if (!layer) return;
+  const coor_data prev = doc.last_coor;
+  read_fields(line);
+  const coor_data& last = doc.last_coor;
+  coor_data& c = append_coordinate_entry(*layer, kind);
+  c.x = last.x;
+  c.y = last.y;
+  c.e = last.e;
+  c.f = last.f;
+  c.comment = doc.comment_list.add(comment);
+  c.e_delta = c.e - prev.e;
+  c.d_delta = (prev.x - c.x) * (prev.x - c.x) + (prev.y - c.y) * (prev.y - c.y);
+  if (layer->coor_count < 1 && doc.layer_count > 1) {
+    // The first move of a layer also climbs from the layer before.
+    const double rise = doc.layer(doc.layer_count - 2).z - layer->z;
+    c.d_delta += rise * rise;
+  }
+  c.no_extrude = c.d_delta <= negligible || c.e_delta <= 0;
+  ++layer->coor_count;
+}
+
+void AddG92Record(std::string_view line, std::string_view comment) {
+  layer_data* layer = last_layer_with_room();
+  if (!layer) return;
+  const Fields given = read_fields(line);
+  coor_data& c = append_coordinate_entry(*layer, line_kind::g92);
+  c = coor_data{};
+  c.x = given.x;
+  c.y = given.y;
+  c.e = given.e;
+  c.f = given.f;
+  c.no_extrude = true;
+  c.comment = doc.comment_list.add(comment);
+}
+
+void AddTextRecord(std::string_view line, std::string_view comment) {
+  layer_data* layer = last_layer_with_room();
+  if (!layer) return;
+  doc.ensure_g_capacity(*layer);
+  if (doc.text_list_count >= doc.text_list.capacity()) doc.text_list.grow();
+  std::string& text = doc.text_list[doc.text_list_count];
+  text.assign(line);
+  if (!comment.empty()) {
+    text += ';';
+    text.append(comment);
+  }
+  layer->g[static_cast<size_t>(layer->g_count)] = {line_kind::text, doc.text_list_count};
+  ++layer->g_count;
+  ++doc.text_list_count;
+}
+
+void ResetDocument(bool loaded) {
+  SetDocumentControls(loaded);
+  if (loaded) return;
+  doc.text_list_count = 0;
+  doc.coor_list_count = 0;
+  doc.layer_count = 0;
+  doc.current_z = 0;
+  doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
+  doc.comment_list.clear();
+  AddLayer("G1 Z" + FormatNumber(0, true), "");
+  doc.layer_tagged = 0;
+}
+
+void SetDocumentControls(bool enabled) {
+  platform().set_document_controls(enabled);
+  platform().set_export_enabled(doc.layer_tagged != 1);
+  if (!enabled) {
+    lists = ListState{};
+    doc.current_layer = -1;
+    for (const ListId id : {ListId::layer, ListId::data, ListId::select}) platform().list_reset(id);
+  }
+}
+
+bool IsDocumentLoaded() { return platform().document_controls_enabled(); }
+
+void ShowStatus(std::string_view text, int panel) { platform().show_status(text, panel); }
+
+}  // namespace korvexed

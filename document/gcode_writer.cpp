@@ -1,0 +1,236 @@
+#include <fcntl.h>
+#include <libgen.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "document/korvexed_file.h"
+#include "document/korvexed_general.h"
+#include "document/record_text.h"
+#include "platform/platform.h"
+
+namespace korvexed {
+
+namespace {
+
+// Collects lines and writes them in large blocks; remembers the first
+// write error.
+class LineSink {
+ public:
+  explicit LineSink(int fd) : fd_(fd) { buffer_.reserve(flush_bytes + 4096); }
+
+  void line(std::string_view text) {
+    buffer_ += text;
+    buffer_ += "\r\n";
+    if (buffer_.size() >= flush_bytes) flush();
+  }
+
+  // Returns 0 or the errno of the first failed write.
+  int flush() {
+    size_t done = 0;
+    while (error_ == 0 && done < buffer_.size()) {
+      const ssize_t wrote = ::write(fd_, buffer_.data() + done, buffer_.size() - done);
+      if (wrote >= 0) {
+        done += static_cast<size_t>(wrote);
+      } else if (errno != EINTR) {
+        error_ = errno;
+      }
+    }
+    buffer_.clear();
+    return error_;
+  }
+
+  int error() const { return error_; }
+
+ private:
+  static constexpr size_t flush_bytes = 1 << 20;
+  int fd_;
+  std::string buffer_;
+  int error_ = 0;
+};
+
+// Puts " Z<z>" in front of the E field, else of the F field, else at the end.
+void insert_z(std::string& s, double z) {
+  if (s.size() < 4) s += ' ';
+  size_t p = s.find('E');
+  if (p == std::string::npos) p = s.find('F');
+  if (p == std::string::npos) p = s.size() + 1;  // 0-based, one past a blank that is not there
+  std::string field = " Z";
+  AppendNumber(field, z, true);
+  s.insert(p - 1, field);
+}
+
+// Returns whether a line was written.
+bool write_move(LineSink& sink, std::string& s, const coor_data& record, line_kind kind, bool drop_repeats,
+                bool& z_needed, double z) {
+  coor_data shown = record;
+  if (drop_repeats) {
+    // Values that repeat the previous ones are left out of the line.
+    const coor_data& last = doc.last_coor;
+    if (RoundTo5(shown.x) == RoundTo5(last.x)) shown.x = no_value;
+    if (RoundTo5(shown.y) == RoundTo5(last.y)) shown.y = no_value;
+    if (RoundTo5(shown.e) == RoundTo5(last.e)) shown.e = no_value;
+    if (RoundTo5(shown.f) == RoundTo5(last.f)) shown.f = no_value;
+  }
+  s.assign(CoordinateHead(kind));
+  AppendFields(s, shown, true);
+  if (z_needed) {
+    insert_z(s, z);
+    z_needed = false;
+  }
+  // A move with nothing left but its G word would not move the machine.
+  const bool written = s.size() > 3;
+  if (written) {
+    const std::string_view comment = doc.comment(record);
+    if (!comment.empty()) {
+      s += " ;";
+      s += comment;
+    }
+    sink.line(s);
+  }
+  doc.last_coor = record;
+  return written;
+}
+
+// Writes the whole document; returns 0 or the errno of a failed write.
+int write_document(int fd, uint8_t mode) {
+  LineSink sink(fd);
+  doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
+  doc.current_z = 0;
+  doc.decimal_comma = DetectDecimalComma();
+  const bool tagging = mode == save_tagged && doc.layer_tagged != 1;
+  const bool drop_repeats = mode != save_tagged && doc.layer_tagged == 0;
+  int64_t w = 0;
+  bool z_needed = false;
+  std::string s;
+  for (int32_t L = 0; L < doc.layer_count && sink.error() == 0; ++L) {
+    const layer_data& layer = doc.layer(L);
+    if (tagging && L >= 1) {
+      if (L == 1) {
+        sink.line(";Layer count: " + std::to_string(doc.layer_count - 1));
+        ++w;
+      }
+      sink.line(";LAYER:" + std::to_string(L - 1));
+      sink.line(L % 2 == 1 ? ";TYPE:FILL" : ";TYPE:WALL-OUTER");
+      w += 2;
+    }
+    int32_t first = 0;
+    // The G1 Z0 line that every document starts with is not written.
+    if (L == 0 && layer.g_count > 0 && is_coordinate(layer.g[0].kind)) {
+      const coor_data& c = doc.coor(layer.g[0]);
+      if (RoundTo5(c.x) == 0 && RoundTo5(c.y) == 0) first = 1;
+    }
+    for (int32_t j = first; j < layer.g_count; ++j) {
+      if (j == 0) {
+        if (layer.z != doc.current_z) z_needed = true;
+        doc.current_z = layer.z;
+      }
+      const g_entry& entry = layer.g[static_cast<size_t>(j)];
+      const coor_data* record = entry.kind == line_kind::text ? nullptr : &doc.coor(entry);
+      if (entry.kind == line_kind::text) {
+        sink.line(doc.text_list[entry.index]);
+        ++w;
+      } else if (entry.kind == line_kind::g92) {
+        coor_data& last = doc.last_coor;
+        if (record->x != no_value) last.x = record->x;
+        if (record->y != no_value) last.y = record->y;
+        if (record->e != no_value) last.e = record->e;
+        if (record->f != no_value) last.f = record->f;
+        sink.line(RecordText(entry, 0, false, true, false));
+        ++w;
+      } else if (is_move(entry.kind)) {
+        if (write_move(sink, s, *record, entry.kind, drop_repeats, z_needed, layer.z)) ++w;
+      }
+      if (w % 10000 == 0) ShowStatus("Saving GCode line " + std::to_string(w), 1);
+    }
+  }
+  return sink.flush();
+}
+
+void show_save_error(int error) {
+  platform().message_box(std::string("Error while saving GCode file: ") + std::strerror(error), MsgIcon::exclamation,
+                         MsgButtons::ok);
+}
+
+mode_t default_file_mode() {
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  return 0666 & ~mask;
+}
+
+}  // namespace
+
+bool WriteGCode(int fd, uint8_t mode) {
+  const int error = write_document(fd, mode);
+  if (error) show_save_error(error);
+  return error == 0;
+}
+
+namespace {
+
+void show_open_error(const std::string& path, int error) {
+  platform().message_box("Unable to open " + path + "\r\nError " + std::to_string(error) + ": " + std::strerror(error),
+                         MsgIcon::exclamation, MsgButtons::ok);
+}
+
+// A device or a pipe cannot be replaced: it is written in place.
+bool save_in_place(const std::string& path, const std::string& target, uint8_t mode) {
+  const int fd = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+  if (fd < 0) {
+    show_open_error(path, errno);
+    return false;
+  }
+  int error = write_document(fd, mode);
+  if (::close(fd) != 0 && !error) error = errno;
+  if (error) show_save_error(error);
+  return error == 0;
+}
+
+}  // namespace
+
+bool SaveGCode(const std::string& path, uint8_t mode) {
+  // Save through a symbolic link into the file it names.
+  std::string target = path;
+  if (char* resolved = ::realpath(path.c_str(), nullptr)) {
+    target = resolved;
+    std::free(resolved);
+  }
+  struct stat existing {};
+  const bool exists = ::stat(target.c_str(), &existing) == 0;
+  if (exists && S_ISDIR(existing.st_mode)) {
+    show_open_error(path, EISDIR);
+    return false;
+  }
+  if (exists && !S_ISREG(existing.st_mode)) return save_in_place(path, target, mode);
+  if (exists && ::access(target.c_str(), W_OK) != 0) {
+    show_open_error(path, errno);
+    return false;
+  }
+
+  // Write beside the target and rename over it only when all is written.
+  std::string dir_buf = target, name_buf = target;
+  std::string temp = std::string(::dirname(dir_buf.data())) + "/." + ::basename(name_buf.data()) + ".korvexed-XXXXXX";
+  const int fd = ::mkstemp(temp.data());
+  if (fd < 0) {
+    show_open_error(path, errno);
+    return false;
+  }
+  int error = ::fchmod(fd, exists ? (existing.st_mode & 07777) : default_file_mode()) == 0 ? 0 : errno;
+  if (!error) error = write_document(fd, mode);
+  if (!error && ::fsync(fd) != 0) error = errno;
+  if (::close(fd) != 0 && !error) error = errno;
+  if (!error && ::rename(temp.c_str(), target.c_str()) != 0) error = errno;
+  if (error) {
+    ::unlink(temp.c_str());
+    show_save_error(error);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace korvexed

@@ -1,0 +1,47 @@
+#include "document/record_text.h"
+
+#include "document/korvexed_file.h"
+#include "document/korvexed_general.h"
+
+namespace korvexed {
+
+std::string_view CoordinateHead(line_kind kind) {
+  switch (kind) {
+    case line_kind::g1: return "G1";
+    case line_kind::g0: return "G0";
+    case line_kind::g92: return "G92";
+    default: return "";
+  }
+}
+
+void AppendFields(std::string& out, const coor_data& c, bool to_period) {
+  const std::pair<const char*, double> fields[] = {{" X", c.x}, {" Y", c.y}, {" E", c.e}, {" F", c.f}};
+  for (const auto& [key, value] : fields) {
+    if (value == no_value) continue;
+    out += key;
+    AppendNumber(out, value, to_period);
+  }
+}
+
+std::string RecordText(const g_entry& entry, int32_t number, bool numbered, bool to_period, bool no_comment) {
+  std::string s;
+  if (entry.kind == line_kind::text) {
+    if (numbered) s = "U" + std::to_string(number) + "> ";
+    s += doc.text_list[entry.index];
+    return s;
+  }
+  const std::string_view head = CoordinateHead(entry.kind);
+  if (head.empty()) return s;
+  if (numbered) s = (entry.kind == line_kind::g92 ? "R" : "D") + std::to_string(number) + "> ";
+  s += head;
+  const coor_data& c = doc.coor(entry);
+  AppendFields(s, c, to_period);
+  const std::string_view comment = doc.comment(c);
+  if (!no_comment && !comment.empty()) {
+    s += " ;";
+    s += comment;
+  }
+  return s;
+}
+
+}  // namespace korvexed

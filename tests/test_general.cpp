@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <random>
+#include <string>
+
+#include "document/korvexed_general.h"
+
+using namespace korvexed;
+
+namespace {
+
+struct CommaLocale {
+  CommaLocale() { doc.decimal_comma = true; }
+  ~CommaLocale() { doc.decimal_comma = false; }
+};
+
+std::string parse_error(std::string_view line, char key) {
+  try {
+    ParseField(line, key);
+  } catch (const NumberError& e) {
+    return e.what();
+  }
+  return "(no error)";
+}
+
+}  // namespace
+
+TEST(SplitComment, KeepsBlanksBeforeTheFirstSemicolon) {
+  std::string_view line = "G1 X10 Y20 ;move;more";
+  EXPECT_EQ(SplitComment(line), "move;more");
+  EXPECT_EQ(line, "G1 X10 Y20 ");
+
+  line = ";LAYER:3";
+  EXPECT_EQ(SplitComment(line), "LAYER:3");
+  EXPECT_EQ(line, "");
+
+  line = "M104 S200";
+  EXPECT_EQ(SplitComment(line), "");
+  EXPECT_EQ(line, "M104 S200");
+}
+
+TEST(ClassifyLine, RecognisesOnlyExactCommandWords) {
+  double z = 0;
+  EXPECT_EQ(ClassifyLine("G1", z), line_kind::text);
+  EXPECT_EQ(ClassifyLine("G1\tX5", z), line_kind::text);
+  EXPECT_EQ(ClassifyLine("g1 X5", z), line_kind::text);
+  EXPECT_EQ(ClassifyLine(" G1 X5", z), line_kind::text);
+  EXPECT_EQ(ClassifyLine("G10 X5", z), line_kind::text);
+  EXPECT_EQ(ClassifyLine("M104 S200", z), line_kind::text);
+  EXPECT_EQ(ClassifyLine("G92 E0", z), line_kind::g92);
+  EXPECT_EQ(ClassifyLine("G920", z), line_kind::g92);
+  EXPECT_EQ(ClassifyLine("G1 X5", z), line_kind::g1);
+  EXPECT_EQ(ClassifyLine("G01 X5", z), line_kind::g1);
+  EXPECT_EQ(ClassifyLine("G0 X5", z), line_kind::g0);
+  EXPECT_EQ(ClassifyLine("G00 X5", z), line_kind::g0);
+  EXPECT_EQ(z, 0);
+}
+
+TEST(ClassifyLine, ChangesLayerOnlyWhenZDiffers) {
+  double z = 0.2;
+  EXPECT_EQ(ClassifyLine("G1 Z0.2 F300", z), line_kind::g1);
+  EXPECT_EQ(ClassifyLine("G1 Z0.4", z), line_kind::layer_change);
+  EXPECT_EQ(z, 0.4);
+  EXPECT_EQ(ClassifyLine("G0 X1 Z0.6", z), line_kind::layer_change);
+  EXPECT_EQ(z, 0.6);
+  EXPECT_EQ(ClassifyLine("G92 Z5", z), line_kind::g92);
+  EXPECT_EQ(z, 0.6);
+}
+
+TEST(ParseField, ReadsTheFirstOccurrenceFromTheFourthCharacter) {
+  EXPECT_EQ(ParseField("G1 X1.5E2", 'X'), 1.5);
+  EXPECT_EQ(ParseField("G1 X1.5E2", 'E'), 2);
+  EXPECT_EQ(ParseField("X5", 'X'), no_value);
+  EXPECT_EQ(ParseField("G1 Y2", 'X'), no_value);
+  EXPECT_EQ(ParseField("G1 X 12.5", 'X'), 12.5);
+  EXPECT_EQ(ParseField("G1 X-3 X4", 'X'), -3);
+  EXPECT_EQ(ParseField("G1 X.5", 'X'), 0.5);
+  EXPECT_EQ(ParseField("G1 X5.", 'X'), 5);
+  EXPECT_EQ(ParseField("G1 X+5", 'X'), 5);
+  EXPECT_EQ(ParseField("G1 X7 ", 'X'), 7);
+}
+
+TEST(ParseField, RejectsWhatIsNotANumber) {
+  EXPECT_EQ(parse_error("G1 X", 'X'), " is not a number.");
+  EXPECT_EQ(parse_error("G1 Xabc", 'X'), "a is not a number.");
+  EXPECT_EQ(parse_error("G1 X-", 'X'), "- is not a number.");
+  EXPECT_EQ(parse_error("G1 X.", 'X'), ". is not a number.");
+  EXPECT_EQ(parse_error("G1 X--1", 'X'), "--1 is not a number.");
+  EXPECT_EQ(parse_error("G1 X1,5", 'X'), "1,5 is not a number.");
+  EXPECT_EQ(parse_error("G1 X1.2.3", 'X'), "1.2.3 is not a number.");
+  EXPECT_EQ(parse_error("G1 X1-2", 'X'), "1-2 is not a number.");
+  EXPECT_EQ(parse_error("G1 X  5", 'X'), " is not a number.");
+  // A key letter inside another word behind the command word counts.
+  EXPECT_EQ(parse_error("M117 EXIT", 'X'), "I is not a number.");
+}
+
+TEST(ParseField, KeepsWithinTheRangeOfADouble) {
+  const std::string huge = "G1 X" + std::string(400, '9');
+  EXPECT_EQ(parse_error(huge, 'X'), std::string(400, '9') + " is not a number.");
+  const std::string tiny = "G1 X-0." + std::string(400, '0') + "1";
+  const double value = ParseField(tiny, 'X');
+  EXPECT_EQ(value, 0);
+  EXPECT_TRUE(std::signbit(value));
+  EXPECT_EQ(ParseField("G1 X" + std::string(300, '0') + "12", 'X'), 12);
+}
+
+TEST(ParseField, ReadsTheLocaleSeparator) {
+  CommaLocale comma;
+  EXPECT_EQ(ParseField("G1 X1.5", 'X'), 1.5);
+  EXPECT_EQ(ParseField("G1 X1,5", 'X'), 1.5);
+  EXPECT_EQ(parse_error("G1 X1.5.3", 'X'), "1,5.3 is not a number.");
+}
+
+TEST(FormatNumber, WritesAtMostFiveDecimals) {
+  EXPECT_EQ(FormatNumber(10, true), "10");
+  EXPECT_EQ(FormatNumber(0.1, true), "0.1");
+  EXPECT_EQ(FormatNumber(1.234567, true), "1.23457");
+  EXPECT_EQ(FormatNumber(-0.5, true), "-0.5");
+  EXPECT_EQ(FormatNumber(0, true), "0");
+  EXPECT_EQ(FormatNumber(-0.0, true), "0");
+  EXPECT_EQ(FormatNumber(-0.000001, true), "0");
+  EXPECT_EQ(FormatNumber(1e20, true), "100000000000000000000");
+  EXPECT_EQ(FormatNumber(-123456789012.5, true), "-123456789012.5");
+}
+
+TEST(FormatNumber, AgreesWithPrintfOnEveryScale) {
+  std::mt19937_64 random(42);
+  std::uniform_real_distribution<double> mantissa(-10, 10);
+  std::uniform_int_distribution<int> exponent(-8, 14);
+  std::uniform_int_distribution<long long> units(-100000000, 100000000);
+  for (int i = 0; i < 200000; ++i) {
+    // Plain random values, and values that sit on or next to a half of the
+    // fifth decimal, where rounding is decided.
+    double value = mantissa(random) * std::pow(10.0, exponent(random));
+    if (i % 2) value = (static_cast<double>(units(random)) + 0.5) / 100000.0;
+    if (i % 4 == 3) value = std::nextafter(value, i % 8 == 3 ? 1e300 : -1e300);
+    char expected[512];
+    std::snprintf(expected, sizeof expected, "%.5f", value);
+    std::string want = expected;
+    want.erase(want.find_last_not_of('0') + 1);
+    if (want.back() == '.') want.pop_back();
+    if (want == "-0") want = "0";
+    ASSERT_EQ(FormatNumber(value, true), want) << "value " << value;
+  }
+}
+
+TEST(FormatNumber, UsesTheLocaleSeparatorOnlyForDisplay) {
+  CommaLocale comma;
+  EXPECT_EQ(FormatNumber(1.5, false), "1,5");
+  EXPECT_EQ(FormatNumber(1.5, true), "1.5");
+  EXPECT_EQ(FormatNumber(3, false), "3");
+}
+
+TEST(RoundTo5, RoundsHalvesToEvenBelowTheIntegerRange) {
+  EXPECT_EQ(RoundTo5(1.234564), 1.23456);
+  EXPECT_EQ(RoundTo5(-2.000004), -2);
+  EXPECT_EQ(RoundTo5(0.0000025), 0);
+  EXPECT_EQ(RoundTo5(0.0000075), 0.00001);
+  EXPECT_EQ(RoundTo5(123456.123456), 123456.12346);
+  EXPECT_EQ(RoundTo5(-50000.000001), -50000);
+}

@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "document/korvexed_file.h"
+#include "tests/file_fixture.h"
+
+using namespace korvexed;
+using korvexed::testing::FileTest;
+
+namespace {
+
+// The text of every entry of the document, one per line, layers marked.
+std::string entries() {
+  std::string out;
+  for (int32_t L = 0; L < doc.layer_count; ++L) {
+    out += "L" + std::to_string(L) + "\n";
+    for (int32_t j = 0; j < doc.layer(L).g_count; ++j) out += RecordText(doc.layer(L).g[j], j, true, true, false) + "\n";
+  }
+  return out;
+}
+
+}  // namespace
+
+using Load = FileTest;
+
+TEST_F(Load, EmptyFileGivesTheResetLayer) {
+  load_text("");
+  ASSERT_EQ(doc.layer_count, 1);
+  const layer_data& layer = doc.layer(0);
+  EXPECT_EQ(layer.z, 0);
+  EXPECT_EQ(layer.dz, 0);
+  EXPECT_EQ(layer.g_count, 1);
+  EXPECT_EQ(layer.coor_count, 1);
+  EXPECT_EQ(doc.coor_list_count, 1);
+  const coor_data& c = doc.coor(0, 0);
+  EXPECT_EQ(layer.g[0].kind, line_kind::g1);
+  EXPECT_EQ(c.x, 0);
+  EXPECT_EQ(c.e, 0);
+  EXPECT_EQ(c.d_delta, 0);
+  EXPECT_TRUE(c.no_extrude);
+  EXPECT_TRUE(IsDocumentLoaded());
+}
+
+TEST_F(Load, SplitsLinesAtCrCrLfAndLf) {
+  load_text("A\r\nB\r\rC\rD\nE\n\nF\n\r\n\nG");
+  EXPECT_EQ(entries(), "L0\nD0> G1 X0 Y0 E0 F0\nU1> A\nU2> B\nU3> C\nU4> D\nU5> E\nU6> \nU7> F\nU8> \nU9> G\n");
+
+  const std::string with_lf = (load_text("G1 X1 Y2\nM104 S200\nG1 X3\n"), entries());
+  const std::string with_crlf = (load_text("G1 X1 Y2\r\nM104 S200\r\nG1 X3\r\n"), entries());
+  EXPECT_EQ(with_lf, with_crlf);
+}
+
+TEST_F(Load, KeepsBytesThatAreNotText) {
+  const std::string odd = std::string("M117 \xff\xfe", 7) + std::string(1, '\0') + "end";
+  load_text(odd + "\r\n");
+  EXPECT_EQ(doc.text_list[doc.layer(0).g[1].index], odd);
+  EXPECT_EQ(saved(), odd + "\r\n");
+}
+
+TEST_F(Load, StartsALayerAtEveryChangeOfZ) {
+  load_text("G1 Z0.3 F1200\nG1 X10 Y0 E1\nG1 Z0.6\nG01 Z0.9 X1\nG1 Z0.9 X2\n");
+  ASSERT_EQ(doc.layer_count, 4);
+  EXPECT_EQ(doc.layer(1).z, 0.3);
+  EXPECT_EQ(doc.layer(1).dz, 0.3);
+  EXPECT_EQ(doc.layer(2).dz, 0.6 - 0.3);
+  EXPECT_EQ(doc.layer(1).g[0].kind, line_kind::g1);
+  // A layer started by G01 is kept as a travel move; an ordinary G01 line is G1.
+  EXPECT_EQ(doc.layer(3).g[0].kind, line_kind::g0);
+  EXPECT_EQ(doc.layer(3).g[1].kind, line_kind::g1);
+  // The first move of a layer climbs from the layer before.
+  EXPECT_DOUBLE_EQ(doc.coor(1, 0).d_delta, 0.09);
+  EXPECT_DOUBLE_EQ(doc.coor(1, 1).d_delta, 100);
+  EXPECT_DOUBLE_EQ(doc.coor(3, 0).d_delta, 9 * 9 + 0.3 * 0.3);
+  EXPECT_EQ(doc.coor(3, 1).d_delta, 1);
+}
+
+TEST_F(Load, FillsAbsentMoveFieldsAndKeepsG92AsGiven) {
+  load_text("G1 X10 Y5 E2 F1800 ;first\nG1 X12\nG92 E0\nG1 X12 Y9 E0.5\nG1 X15 E0.25\n");
+  const layer_data& layer = doc.layer(0);
+  ASSERT_EQ(layer.g_count, 6);
+  EXPECT_EQ(layer.coor_count, 5);
+  const coor_data& first = doc.coor(0, 1);
+  EXPECT_EQ(doc.comment(first), "first");
+  EXPECT_EQ(first.e_delta, 2);
+  EXPECT_FALSE(first.no_extrude);
+  const coor_data& second = doc.coor(0, 2);
+  EXPECT_EQ(second.y, 5);
+  EXPECT_EQ(second.f, 1800);
+  EXPECT_EQ(second.e_delta, 0);
+  EXPECT_TRUE(second.no_extrude);
+  const coor_data& reset = doc.coor(0, 3);
+  EXPECT_EQ(layer.g[3].kind, line_kind::g92);
+  EXPECT_EQ(reset.x, no_value);
+  EXPECT_EQ(reset.e, 0);
+  EXPECT_EQ(reset.e_delta, 0);
+  EXPECT_EQ(reset.d_delta, 0);
+  EXPECT_TRUE(reset.no_extrude);
+  EXPECT_EQ(doc.coor(0, 4).e_delta, 0.5);  // counted from the G92's E
+  EXPECT_TRUE(doc.coor(0, 5).no_extrude);   // E went back
+}
+
+TEST_F(Load, DetectsTagsOnlyBehindTheFirstSemicolonOfTheFirstLayers) {
+  load_text(";LAYER:0\nG1 X1\n");
+  EXPECT_EQ(doc.layer_tagged, 0);
+  load_text("G1 X1 ;;LAYER:1\n");
+  EXPECT_EQ(doc.layer_tagged, 1);
+  load_text("G1 Z1\nG1 Z2\nG1 Z3\n;;LAYER:3\n");
+  EXPECT_EQ(doc.layer_tagged, 1);
+  load_text("G1 Z1\nG1 Z2\nG1 Z3\nG1 Z4\n;;LAYER:4\n");
+  EXPECT_EQ(doc.layer_tagged, 0);
+}
+
+TEST_F(Load, StopsAtAMalformedNumberAndEmptiesTheDocument) {
+  std::string text;
+  for (int i = 0; i < 11; ++i) text += "G1 X" + std::to_string(i) + "\n";
+  text += "G1 Xabc\n";
+  EXPECT_FALSE(LoadGCode(write("bad.gcode", text)));
+  EXPECT_EQ(last_message(), "Error while reading GCode file at line 12: a is not a number.");
+  EXPECT_EQ(doc.layer_count, 1);
+  EXPECT_EQ(doc.layer(0).g_count, 1);
+  EXPECT_FALSE(IsDocumentLoaded());
+}
+
+TEST_F(Load, OpenFailureLeavesTheDocumentAlone) {
+  load_text("G1 Z1\nG1 Z2\n");
+  const std::string missing = path("missing.gcode");
+  EXPECT_FALSE(LoadGCode(missing));
+  EXPECT_EQ(last_message(), "Unable to open " + missing + "\r\nError 2: No such file or directory");
+  EXPECT_EQ(doc.layer_count, 3);
+  EXPECT_TRUE(IsDocumentLoaded());
+  EXPECT_FALSE(LoadGCode(path("")));
+  EXPECT_EQ(last_message(), "Unable to open " + path("") + "\r\nError 21: Is a directory");
+}
+
+TEST_F(Load, ReadsTheLocaleSeparatorAndWritesAPeriod) {
+  ui->decimal_comma = true;
+  load_text("G1 X1,5 Y2.25\n");
+  EXPECT_EQ(doc.coor(0, 1).x, 1.5);
+  EXPECT_EQ(doc.coor(0, 1).y, 2.25);
+  EXPECT_EQ(saved(), "G1 X1.5 Y2.25\r\n");
+}
+
+TEST_F(Load, GrowsInChunks) {
+  std::string text;
+  for (int i = 1; i <= 1001; ++i) text += "G1 Z" + std::to_string(i) + "\n";
+  for (int i = 0; i < 1000; ++i) text += "M400\n";
+  load_text(text);
+  EXPECT_EQ(doc.layer_count, 1002);
+  EXPECT_EQ(doc.layer_capacity(), 2000);
+  EXPECT_EQ(doc.layer(1001).g_count, 1001);
+  EXPECT_EQ(doc.layer(1001).g_capacity(), 2000);
+  EXPECT_EQ(doc.coor_list_capacity(), 10000);
+}
+
+class LoadLimits : public FileTest {
+ protected:
+  // Layer 0 holds G1 Z0 and `extra` more lines.
+  std::string crowded_layer(int extra) {
+    std::string text;
+    for (int i = 0; i < extra; ++i) text += (i % 2 ? "M400\n" : "G1 X1\n");
+    return write("crowded.gcode", text);
+  }
+};
+
+TEST_F(LoadLimits, DropsEntriesBeyondTheLimitAndAsks) {
+  ASSERT_TRUE(LoadGCode(crowded_layer(max_data_count - 1)));
+  EXPECT_TRUE(ui->messages.empty());
+  EXPECT_EQ(doc.layer(0).g_count, max_data_count);
+
+  ui->answers = {MsgAnswer::yes};
+  ASSERT_TRUE(LoadGCode(crowded_layer(max_data_count + 5)));
+  ASSERT_EQ(ui->messages.size(), 1u);
+  EXPECT_EQ(ui->messages[0].buttons, MsgButtons::yes_no);
+  EXPECT_TRUE(ui->messages[0].text.starts_with("Data count limit has been reached. Only partial data"));
+  EXPECT_EQ(doc.layer(0).g_count, max_data_count);
+  EXPECT_TRUE(IsDocumentLoaded());
+
+  ui->answers = {MsgAnswer::no};
+  EXPECT_FALSE(LoadGCode(crowded_layer(max_data_count + 5)));
+  EXPECT_EQ(doc.layer(0).g_count, 1);
+  EXPECT_FALSE(IsDocumentLoaded());
+}
+
+TEST_F(LoadLimits, DropsLayersBeyondTheLimit) {
+  std::string text;
+  for (int i = 1; i <= max_data_count + 1; ++i) text += "G1 Z" + std::to_string(i) + "\n";
+  ui->answers = {MsgAnswer::yes};
+  ASSERT_TRUE(LoadGCode(write("tall.gcode", text)));
+  EXPECT_EQ(doc.layer_count, max_data_count);
+  EXPECT_EQ(ui->messages.size(), 1u);
+  EXPECT_EQ(doc.layer(max_data_count - 1).g_count, 1);
+}
+
+TEST_F(Load, ReportsProgressEveryTenThousandLines) {
+  load_text(std::string(25000, '\n'));
+  EXPECT_EQ(ui->status[1], "Reading GCode line 20000");
+}

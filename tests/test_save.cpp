@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+
+#include "document/korvexed_file.h"
+#include "tests/file_fixture.h"
+
+using namespace korvexed;
+using korvexed::testing::FileTest;
+
+using Save = FileTest;
+
+TEST_F(Save, LeavesOutValuesThatRepeat) {
+  load_text("G1 X10 Y10 F1200\nG1 X20 Y10\nG1 X20 Y10.000001\n");
+  EXPECT_EQ(saved(), "G1 X10 Y10 F1200\r\nG1 X20\r\n");
+}
+
+TEST_F(Save, RecordTextGivesTheLineAndItsNumberedForm) {
+  load_text("G1 X10 Y20 E1.5 F1200 ;perimeter\nG92 E0\nM104 S200 ;hot\n");
+  const layer_data& layer = doc.layer(0);
+  EXPECT_EQ(RecordText(layer.g[1], 7, false, true, false), "G1 X10 Y20 E1.5 F1200 ;perimeter");
+  EXPECT_EQ(RecordText(layer.g[1], 7, true, true, false), "D7> G1 X10 Y20 E1.5 F1200 ;perimeter");
+  EXPECT_EQ(RecordText(layer.g[1], 7, false, true, true), "G1 X10 Y20 E1.5 F1200");
+  EXPECT_EQ(RecordText(layer.g[2], 2, true, true, false), "R2> G92 E0");
+  EXPECT_EQ(RecordText(layer.g[3], 3, true, true, true), "U3> M104 S200 ;hot");
+}
+
+TEST_F(Save, ExportTagsEveryLayerAndWritesEveryValue) {
+  load_text("M107\nG1 X10 Y10 F1200\nG1 Z0.3\nG1 X20 Y10 E1\nG1 Z0.6\nG1 X20 Y20 E2\n");
+  EXPECT_EQ(saved(save_tagged),
+            "M107\r\n"
+            "G1 X10 Y10 E0 F1200\r\n"
+            ";Layer count: 2\r\n"
+            ";LAYER:0\r\n;TYPE:FILL\r\n"
+            "G1 X10 Y10 Z0.3 E0 F1200\r\n"
+            "G1 X20 Y10 E1 F1200\r\n"
+            ";LAYER:1\r\n;TYPE:WALL-OUTER\r\n"
+            "G1 X20 Y10 Z0.6 E1 F1200\r\n"
+            "G1 X20 Y20 E2 F1200\r\n");
+  // The document itself is left as it was.
+  EXPECT_EQ(saved(),
+            "M107\r\nG1 X10 Y10 F1200\r\nG1  Z0.3\r\nG1 X20 E1\r\nG1  Z0.6\r\nG1 Y20 E2\r\n");
+}
+
+TEST_F(Save, TaggedFileGetsNoNewTagsAndEveryValue) {
+  load_text("G1 X1 ;;LAYER:0\nG1 X1 Y0\nG1 Z0.3\n");
+  ASSERT_EQ(doc.layer_tagged, 1);
+  const std::string expected = "G1 X1 Y0 E0 F0 ;;LAYER:0\r\nG1 X1 Y0 E0 F0\r\nG1 X1 Y0 Z0.3 E0 F0\r\n";
+  EXPECT_EQ(saved(save_tagged), expected);
+  EXPECT_EQ(saved(save_plain), expected);
+}
+
+TEST_F(Save, PutsTheLayerHeightInFrontOfEAndF) {
+  load_text("G1 X1 Y2 Z0.3 E0.5 F900\nG1 Z0.6 F600\nG1 X5 Z0.9\n");
+  EXPECT_EQ(saved(), "G1 X1 Y2 Z0.3 E0.5 F900\r\nG1 Z0.6 F600\r\nG1 X5 Z0.9\r\n");
+}
+
+TEST_F(Save, MoveThatRepeatsEverythingIsNotWritten) {
+  load_text("G1 X1 Y1\nG1 X1 Y1 ;again\nG0 X1\n");
+  EXPECT_EQ(saved(), "G1 X1 Y1\r\n");
+}
+
+TEST_F(Save, WritesTheFirstLineOfLayerZeroUnlessItIsTheResetMove) {
+  load_text("M107\n");
+  std::swap(doc.layer(0).g[0], doc.layer(0).g[1]);  // a text line first
+  EXPECT_EQ(saved(), "M107\r\n");
+
+  load_text("G92 X5 Y0\n");
+  std::swap(doc.layer(0).g[0], doc.layer(0).g[1]);  // a G92 that moves the origin first
+  EXPECT_EQ(saved(), "G92 X5 Y0\r\nG1 X0\r\n");
+}
+
+TEST_F(Save, ReportsProgressEveryTenThousandLines) {
+  load_text(std::string(25000, '\n'));
+  saved();
+  EXPECT_EQ(ui->status[1], "Saving GCode line 20000");
+}
+
+TEST_F(Save, KeepsTheOldFileWhenWritingFails) {
+  load_text(std::string(20000, 'M') + "\n");
+  const std::string target = write("keep.gcode", "old contents\n");
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit old_limit{};
+  getrlimit(RLIMIT_FSIZE, &old_limit);
+  rlimit small = old_limit;
+  small.rlim_cur = 1000;
+  setrlimit(RLIMIT_FSIZE, &small);
+  const bool ok = SaveGCode(target, save_plain);
+  setrlimit(RLIMIT_FSIZE, &old_limit);
+  EXPECT_FALSE(ok);
+  EXPECT_EQ(last_message(), "Error while saving GCode file: File too large");
+  EXPECT_EQ(read(target), "old contents\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path("")), {}), 2);  // no temporary file left
+}
+
+TEST_F(Save, ReportsATargetThatCannotBeOpened) {
+  load_text("G1 X1\n");
+  const std::string nowhere = path("no/such/dir.gcode");
+  EXPECT_FALSE(SaveGCode(nowhere, save_plain));
+  EXPECT_EQ(last_message(), "Unable to open " + nowhere + "\r\nError 2: No such file or directory");
+}
+
+TEST_F(Save, WritesThroughALinkAndKeepsTheFileMode) {
+  load_text("G1 X1\n");
+  const std::string target = write("real.gcode", "old\n");
+  std::filesystem::permissions(target, std::filesystem::perms(0640));
+  std::filesystem::create_symlink(target, path("link.gcode"));
+  ASSERT_TRUE(SaveGCode(path("link.gcode"), save_plain));
+  EXPECT_TRUE(std::filesystem::is_symlink(path("link.gcode")));
+  EXPECT_EQ(read(target), "G1 X1\r\n");
+  EXPECT_EQ(std::filesystem::status(target).permissions(), std::filesystem::perms(0640));
+}
+
+TEST_F(Save, ReportsAFullDevice) {
+  load_text("G1 X1\n");
+  EXPECT_FALSE(SaveGCode("/dev/full", save_plain));
+  EXPECT_EQ(last_message(), "Error while saving GCode file: No space left on device");
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+}
