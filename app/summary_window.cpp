@@ -1,0 +1,167 @@
+#include "app/summary_window.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "app/command_line.h"
+#include "app/document_summary.h"
+#include "app/layer_table_model.h"
+#include "app/program_title.h"
+#include "document/korvexed_file.h"
+#include "document/korvexed_general.h"
+
+namespace korvexed {
+
+namespace {
+
+constexpr uint8_t code_save = 1, code_save_as = 2, code_export = 3;
+
+const QString file_filter = QStringLiteral("KISSlicer/Slic3r/Skeinforge/Cura GCode Output File (*.gcode *.g)");
+
+QString PathText(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
+std::string PathBytes(const QString& path) { return QFile::encodeName(path).toStdString(); }
+QString Number(double value) { return QString::fromStdString(FormatNumber(value, false)); }
+
+QString SummaryText(const DocumentSummary& s) {
+  QString text = QStringLiteral("File: %1\nLayers: %2\nRecords: %3\nMoves: %4\nTagged: %5\n")
+                     .arg(PathText(doc.file_name))
+                     .arg(s.layers)
+                     .arg(s.records)
+                     .arg(s.moves)
+                     .arg(s.tagged ? QStringLiteral("yes") : QStringLiteral("no"));
+  if (!s.printed) return text + QStringLiteral("Nothing printed");
+  return text + QStringLiteral("Printed X: %1 to %2 mm\nPrinted Y: %3 to %4 mm")
+                    .arg(Number(s.x_min), Number(s.x_max), Number(s.y_min), Number(s.y_max));
+}
+
+}  // namespace
+
+SummaryWindow::SummaryWindow()
+    : platform_(*this, QString::fromUtf8(program_title)),
+      previous_platform_(&platform()),
+      summary_(new QLabel),
+      layers_(new LayerTableModel(this)) {
+  QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+  file->addAction(QStringLiteral("&Open..."), this, &SummaryWindow::OpenFile);
+  platform_.set_save_action(file->addAction(QStringLiteral("&Save"), this, [this] { SaveFileFunc(code_save); }));
+  platform_.add_document_control(
+      file->addAction(QStringLiteral("Save &As..."), this, [this] { SaveFileFunc(code_save_as); }));
+  QMenu* export_menu = file->addMenu(QStringLiteral("Export"));
+  platform_.add_document_control(export_menu->menuAction());
+  platform_.set_export_action(export_menu->addAction(QStringLiteral("Cura <;TAG:> Compatible GCode"), this,
+                                                     [this] { SaveFileFunc(code_export); }));
+  file->addSeparator();
+  file->addAction(QStringLiteral("&Quit"), this, &QWidget::close);
+
+  summary_->setObjectName(QStringLiteral("lblSummary"));
+  summary_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* table = new QTableView;
+  table->setObjectName(QStringLiteral("tblLayers"));
+  table->setModel(layers_);
+  table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  platform_.add_document_control(table);
+
+  auto* central = new QWidget;
+  auto* layout = new QVBoxLayout(central);
+  layout->addWidget(summary_);
+  layout->addWidget(table, 1);
+  setCentralWidget(central);
+  resize(640, 560);
+
+  set_platform(&platform_);
+  SetCaption();
+  ResetDocument(false);
+  ShowDocument();
+}
+
+SummaryWindow::~SummaryWindow() { set_platform(previous_platform_); }
+
+void SummaryWindow::OpenCommandLine(const std::vector<std::string>& arguments) {
+  const std::string path = CommandLineFile(arguments);
+  show();
+  if (path.empty()) return;
+  QCoreApplication::processEvents();
+  LoadCommand(path);
+}
+
+void SummaryWindow::LoadCommand(const std::string& path) {
+  BusyPointer busy;
+  if (LoadGCode(path)) {
+    doc.file_name = path;
+    ShowStatus("Load successful " + doc.file_name, 1);
+    doc.modified = false;
+  } else {
+    // A file that could not be opened leaves the previous document loaded.
+    if (!IsDocumentLoaded()) doc.file_name.clear();
+    ShowStatus("Load failed " + path, 1);
+  }
+  SetCaption();
+  ShowDocument();
+}
+
+void SummaryWindow::closeEvent(QCloseEvent* event) {
+  if (AskSaveChanges())
+    event->accept();
+  else
+    event->ignore();
+}
+
+void SummaryWindow::OpenFile() {
+  if (!AskSaveChanges()) return;
+  const QString path = QFileDialog::getOpenFileName(this, QString(), QString(), file_filter);
+  if (!path.isEmpty()) LoadCommand(PathBytes(path));
+}
+
+void SummaryWindow::SaveFileFunc(uint8_t code) {
+  const std::string name = code == code_save ? doc.file_name : AskNewSaveFileName();
+  if (name.empty()) return;
+  BusyPointer busy;
+  const bool exporting = code == code_export;
+  if (!SaveGCode(name, exporting ? save_tagged : save_plain)) {
+    ShowStatus((exporting ? "Export failed " : "Save failed ") + name, 1);
+  } else if (exporting) {
+    // The document stays bound to the file it came from.
+    ShowStatus("Export successful " + name, 1);
+  } else {
+    doc.file_name = name;
+    SetCaption();
+    ShowStatus("Save successful " + doc.file_name, 1);
+    doc.modified = false;
+    ShowDocument();
+  }
+}
+
+std::string SummaryWindow::AskNewSaveFileName() {
+  return PathBytes(QFileDialog::getSaveFileName(this, QString(), QString(), file_filter));
+}
+
+bool SummaryWindow::AskSaveChanges() {
+  if (!doc.modified) return true;
+  const MsgAnswer answer = platform().message_box(doc.file_name + " has been modified. Save changes?",
+                                                  MsgIcon::exclamation, MsgButtons::yes_no_cancel);
+  if (answer == MsgAnswer::no) return true;
+  if (answer == MsgAnswer::cancel) return false;
+  BusyPointer busy;
+  if (!SaveGCode(doc.file_name, save_plain)) return false;
+  doc.modified = false;
+  return true;
+}
+
+void SummaryWindow::SetCaption() {
+  const QString base = QString::fromStdString(BaseTitle());
+  setWindowTitle(doc.file_name.empty() ? base : PathText(doc.file_name) + QStringLiteral(" - ") + base);
+}
+
+void SummaryWindow::ShowDocument() {
+  summary_->setText(IsDocumentLoaded() ? SummaryText(SummarizeDocument(doc)) : QStringLiteral("No document loaded."));
+  layers_->Reload();
+}
+
+}  // namespace korvexed

@@ -1,0 +1,116 @@
+#include "platform/qt_platform.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLocale>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QStatusBar>
+
+namespace korvexed {
+
+namespace {
+
+QString ToQString(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+QMessageBox::Icon ToQtIcon(MsgIcon icon) {
+  switch (icon) {
+    case MsgIcon::critical: return QMessageBox::Critical;
+    case MsgIcon::question: return QMessageBox::Question;
+    case MsgIcon::exclamation: return QMessageBox::Warning;
+    case MsgIcon::information: return QMessageBox::Information;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ToQtButtons(MsgButtons buttons) {
+  switch (buttons) {
+    case MsgButtons::ok: return QMessageBox::Ok;
+    case MsgButtons::yes_no: return QMessageBox::Yes | QMessageBox::No;
+    case MsgButtons::yes_no_cancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+MsgAnswer FromQtButton(int button) {
+  switch (button) {
+    case QMessageBox::Yes: return MsgAnswer::yes;
+    case QMessageBox::No: return MsgAnswer::no;
+    case QMessageBox::Cancel: return MsgAnswer::cancel;
+    default: return MsgAnswer::ok;
+  }
+}
+
+}  // namespace
+
+QtPlatform::QtPlatform(QMainWindow& window, const QString& title) : window_(window), title_(title) {
+  QStatusBar* bar = window.statusBar();
+  for (size_t i = 0; i < panels_.size(); ++i) {
+    panels_[i] = new QLabel(bar);
+    panels_[i]->setMinimumWidth(100);
+    // Panel 1 carries paths and progress, so it takes the spare width.
+    bar->addPermanentWidget(panels_[i], i == 0 ? 1 : 0);
+  }
+}
+
+void QtPlatform::add_document_control(QAction* action) { actions_.push_back(action); }
+void QtPlatform::add_document_control(QWidget* widget) { widgets_.push_back(widget); }
+
+void QtPlatform::set_save_action(QAction* save) {
+  save_ = save;
+  add_document_control(save);
+}
+
+void QtPlatform::set_export_action(QAction* tagged_export) { export_ = tagged_export; }
+
+QString QtPlatform::status_text(int panel) const {
+  if (panel < 1 || panel > static_cast<int>(panels_.size())) return {};
+  return panels_[static_cast<size_t>(panel - 1)]->text();
+}
+
+MsgAnswer QtPlatform::message_box(std::string_view text, MsgIcon icon, MsgButtons buttons) {
+  QMessageBox box(ToQtIcon(icon), title_, ToQString(text), ToQtButtons(buttons), &window_);
+  // The question is answered with the ordinary pointer even inside a long operation.
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const int button = box.exec();
+  QApplication::restoreOverrideCursor();
+  return FromQtButton(button);
+}
+
+void QtPlatform::show_status(std::string_view text, int panel) {
+  if (panel < 1 || panel > static_cast<int>(panels_.size())) return;
+  QLabel* label = panels_[static_cast<size_t>(panel - 1)];
+  const QString value = ToQString(text);
+  label->setText(value);
+  label->setToolTip(value);
+  // Progress is written from long loops that do not return to the event loop.
+  label->repaint();
+}
+
+void QtPlatform::set_document_controls(bool enabled) {
+  for (QAction* action : actions_) action->setEnabled(enabled);
+  for (QWidget* widget : widgets_) widget->setEnabled(enabled);
+}
+
+bool QtPlatform::document_controls_enabled() const { return save_ && save_->isEnabled(); }
+
+void QtPlatform::set_export_enabled(bool enabled) {
+  if (export_) export_->setEnabled(enabled);
+}
+
+Modifiers QtPlatform::key_state() const {
+  const Qt::KeyboardModifiers held = QGuiApplication::queryKeyboardModifiers();
+  return {held.testFlag(Qt::ShiftModifier), held.testFlag(Qt::ControlModifier), held.testFlag(Qt::AltModifier)};
+}
+
+void QtPlatform::set_busy(bool busy) {
+  if (busy)
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+bool QtPlatform::locale_decimal_comma() const { return QLocale::system().decimalPoint() == QStringLiteral(","); }
+
+}  // namespace korvexed

@@ -1,0 +1,54 @@
+#pragma once
+// The platform of the editor window: Qt message boxes, the window's status
+// panels, the controls that follow the document state, the busy pointer.
+#include <QString>
+#include <array>
+#include <vector>
+
+#include "platform/platform.h"
+
+class QAction;
+class QLabel;
+class QMainWindow;
+class QWidget;
+
+namespace korvexed {
+
+class QtPlatform : public Platform {
+ public:
+  // Adds three status panels to the window's status bar; message boxes are
+  // titled `title` and centred on the window.
+  QtPlatform(QMainWindow& window, const QString& title);
+
+  // The controls enabled only while a document is loaded. `save` is the
+  // "&Save" action, from which the loaded state is read back.
+  void add_document_control(QAction* action);
+  void add_document_control(QWidget* widget);
+  void set_save_action(QAction* save);
+  void set_export_action(QAction* tagged_export);
+
+  QString status_text(int panel) const;
+
+  MsgAnswer message_box(std::string_view text, MsgIcon icon, MsgButtons buttons) override;
+  void show_status(std::string_view text, int panel) override;
+  void set_document_controls(bool enabled) override;
+  bool document_controls_enabled() const override;
+  void set_export_enabled(bool enabled) override;
+  Modifiers key_state() const override;
+  void set_busy(bool busy) override;
+  bool locale_decimal_comma() const override;
+  void list_row_inserted(ListId, int) override {}
+  void list_row_removed(ListId, int) override {}
+  void list_reset(ListId) override {}
+
+ private:
+  QMainWindow& window_;
+  QString title_;
+  std::array<QLabel*, 3> panels_{};
+  std::vector<QAction*> actions_;
+  std::vector<QWidget*> widgets_;
+  QAction* save_ = nullptr;
+  QAction* export_ = nullptr;
+};
+
+}  // namespace korvexed
