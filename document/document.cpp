@@ -33,8 +33,9 @@ struct Fields {
 };
 
 // Reads X, Y, E and F; the ones given become the last known values.
-Fields read_fields(std::string_view line) {
-  const Fields read{ParseField(line, 'X'), ParseField(line, 'Y'), ParseField(line, 'E'), ParseField(line, 'F')};
+Fields read_fields(std::string_view line, const FieldPositions& at) {
+  const Fields read{ParseFieldAt(line, at.x), ParseFieldAt(line, at.y), ParseFieldAt(line, at.e),
+                    ParseFieldAt(line, at.f)};
   coor_data& last = doc.last_coor;
   if (read.x != no_value) last.x = read.x;
   if (read.y != no_value) last.y = read.y;
@@ -53,7 +54,7 @@ coor_data& append_coordinate_entry(layer_data& layer, line_kind kind) {
 
 }  // namespace
 
-void AddLayer(std::string_view line, std::string_view comment) {
+void AddLayer(std::string_view line, const FieldPositions& fields, std::string_view comment) {
   if (doc.layer_count >= max_data_count) {
     doc.data_limit_hit = true;
     return;
@@ -66,14 +67,14 @@ void AddLayer(std::string_view line, std::string_view comment) {
   layer.dz = doc.layer_count < 1 ? 0 : doc.current_z - doc.layer(doc.layer_count - 1).z;
   ++doc.layer_count;
   // A layer started by "G01 Z..." is kept as a travel move: only "G1" counts.
-  AddMoveRecord(line.starts_with("G1") ? line_kind::g1 : line_kind::g0, line, comment);
+  AddMoveRecord(line.starts_with("G1") ? line_kind::g1 : line_kind::g0, line, fields, comment);
 }
 
-void AddMoveRecord(line_kind kind, std::string_view line, std::string_view comment) {
+void AddMoveRecord(line_kind kind, std::string_view line, const FieldPositions& fields, std::string_view comment) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
   const coor_data prev = doc.last_coor;
-  read_fields(line);
+  read_fields(line, fields);
   const coor_data& last = doc.last_coor;
   coor_data& c = append_coordinate_entry(*layer, kind);
   c.x = last.x;
@@ -92,10 +93,10 @@ void AddMoveRecord(line_kind kind, std::string_view line, std::string_view comme
   ++layer->coor_count;
 }
 
-void AddG92Record(std::string_view line, std::string_view comment) {
+void AddG92Record(std::string_view line, const FieldPositions& fields, std::string_view comment) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
-  const Fields given = read_fields(line);
+  const Fields given = read_fields(line, fields);
   coor_data& c = append_coordinate_entry(*layer, line_kind::g92);
   c = coor_data{};
   c.x = given.x;
@@ -131,7 +132,8 @@ void ResetDocument(bool loaded) {
   doc.current_z = 0;
   doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
   doc.comment_list.clear();
-  AddLayer("G1 Z" + FormatNumber(0, true), "");
+  const std::string first_line = "G1 Z" + FormatNumber(0, true);
+  AddLayer(first_line, FindFields(first_line), "");
   doc.layer_tagged = 0;
 }
 

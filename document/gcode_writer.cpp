@@ -26,9 +26,17 @@ class LineSink {
 
   void line(std::string_view text) {
     buffer_ += text;
+    end_line();
+  }
+
+  // A line can also be built in place: begin_line() gives the buffer to
+  // append to and the line's start, end_line() or drop_line() ends it.
+  std::string& begin_line() { return buffer_; }
+  void end_line() {
     buffer_ += "\r\n";
     if (buffer_.size() >= flush_bytes) flush();
   }
+  void drop_line(size_t start) { buffer_.resize(start); }
 
   // Returns 0 or the errno of the first failed write.
   int flush() {
@@ -54,46 +62,58 @@ class LineSink {
   int error_ = 0;
 };
 
-// Puts " Z<z>" in front of the E field, else of the F field, else at the end.
-void insert_z(std::string& s, double z) {
-  if (s.size() < 4) s += ' ';
-  size_t p = s.find('E');
-  if (p == std::string::npos) p = s.find('F');
-  if (p == std::string::npos) p = s.size() + 1;  // 0-based, one past a blank that is not there
+// Puts " Z<z>" in front of the E field, else of the F field, else at the
+// end of the line that begins at `start` of `s`.
+void insert_z(std::string& s, size_t start, double z) {
+  if (s.size() - start < 4) s += ' ';
+  size_t p = s.find('E', start);
+  if (p == std::string::npos) p = s.find('F', start);
+  if (p == std::string::npos) p = s.size() + 1;  // one past a blank that is not there
   std::string field = " Z";
   AppendNumber(field, z, true);
   s.insert(p - 1, field);
 }
 
+// The values of doc.last_coor as the writer compares them, rounded to the
+// fifth decimal once instead of at every comparison.
+struct LastRounded {
+  double x = 0, y = 0, e = 0, f = 0;
+};
+
 // Returns whether a line was written.
-bool write_move(LineSink& sink, std::string& s, const coor_data& record, line_kind kind, bool drop_repeats,
-                bool& z_needed, double z) {
+bool write_move(LineSink& sink, const coor_data& record, line_kind kind, bool drop_repeats,
+                LastRounded& last, bool& z_needed, double z) {
+  const LastRounded rounded{RoundTo5(record.x), RoundTo5(record.y), RoundTo5(record.e), RoundTo5(record.f)};
   coor_data shown = record;
   if (drop_repeats) {
     // Values that repeat the previous ones are left out of the line.
-    const coor_data& last = doc.last_coor;
-    if (RoundTo5(shown.x) == RoundTo5(last.x)) shown.x = no_value;
-    if (RoundTo5(shown.y) == RoundTo5(last.y)) shown.y = no_value;
-    if (RoundTo5(shown.e) == RoundTo5(last.e)) shown.e = no_value;
-    if (RoundTo5(shown.f) == RoundTo5(last.f)) shown.f = no_value;
+    if (rounded.x == last.x) shown.x = no_value;
+    if (rounded.y == last.y) shown.y = no_value;
+    if (rounded.e == last.e) shown.e = no_value;
+    if (rounded.f == last.f) shown.f = no_value;
   }
-  s.assign(CoordinateHead(kind));
+  std::string& s = sink.begin_line();
+  const size_t start = s.size();
+  s += CoordinateHead(kind);
   AppendFields(s, shown, true);
   if (z_needed) {
-    insert_z(s, z);
+    insert_z(s, start, z);
     z_needed = false;
   }
   // A move with nothing left but its G word would not move the machine.
-  const bool written = s.size() > 3;
+  const bool written = s.size() - start > 3;
   if (written) {
     const std::string_view comment = doc.comment(record);
     if (!comment.empty()) {
       s += " ;";
       s += comment;
     }
-    sink.line(s);
+    sink.end_line();
+  } else {
+    sink.drop_line(start);
   }
   doc.last_coor = record;
+  last = rounded;
   return written;
 }
 
@@ -107,7 +127,7 @@ int write_document(int fd, uint8_t mode) {
   const bool drop_repeats = mode != save_tagged && doc.layer_tagged == 0;
   int64_t w = 0;
   bool z_needed = false;
-  std::string s;
+  LastRounded last;
   for (int32_t L = 0; L < doc.layer_count && sink.error() == 0; ++L) {
     const layer_data& layer = doc.layer(L);
     if (tagging && L >= 1) {
@@ -136,15 +156,15 @@ int write_document(int fd, uint8_t mode) {
         sink.line(doc.text_list[entry.index]);
         ++w;
       } else if (entry.kind == line_kind::g92) {
-        coor_data& last = doc.last_coor;
-        if (record->x != no_value) last.x = record->x;
-        if (record->y != no_value) last.y = record->y;
-        if (record->e != no_value) last.e = record->e;
-        if (record->f != no_value) last.f = record->f;
+        coor_data& given = doc.last_coor;
+        if (record->x != no_value) last.x = RoundTo5(given.x = record->x);
+        if (record->y != no_value) last.y = RoundTo5(given.y = record->y);
+        if (record->e != no_value) last.e = RoundTo5(given.e = record->e);
+        if (record->f != no_value) last.f = RoundTo5(given.f = record->f);
         sink.line(RecordText(entry, 0, false, true, false));
         ++w;
       } else if (is_move(entry.kind)) {
-        if (write_move(sink, s, *record, entry.kind, drop_repeats, z_needed, layer.z)) ++w;
+        if (write_move(sink, *record, entry.kind, drop_repeats, last, z_needed, layer.z)) ++w;
       }
       if (w % 10000 == 0) ShowStatus("Saving GCode line " + std::to_string(w), 1);
     }

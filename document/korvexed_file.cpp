@@ -32,12 +32,13 @@ void read_piece(std::string_view piece, int64_t& n) {
   // Only a ";LAYER:" behind the line's first ";" marks a tagged file.
   if (doc.layer_count <= 4 && doc.layer_tagged == 0 && comment.find(";LAYER:") != std::string_view::npos)
     doc.layer_tagged = 1;
-  switch (const line_kind kind = ClassifyLine(line, doc.current_z)) {
+  const FieldPositions fields = FindFields(line);
+  switch (const line_kind kind = ClassifyLine(line, doc.current_z, fields)) {
     case line_kind::text: AddTextRecord(line, comment); break;
-    case line_kind::layer_change: AddLayer(line, comment); break;
+    case line_kind::layer_change: AddLayer(line, fields, comment); break;
     case line_kind::g1:
-    case line_kind::g0: AddMoveRecord(kind, line, comment); break;
-    case line_kind::g92: AddG92Record(line, comment); break;
+    case line_kind::g0: AddMoveRecord(kind, line, fields, comment); break;
+    case line_kind::g92: AddG92Record(line, fields, comment); break;
   }
 }
 

@@ -1,7 +1,9 @@
 #include "document/korvexed_general.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <string>
 
 #include "platform/platform.h"
@@ -18,13 +20,34 @@ std::string_view SplitComment(std::string_view& line) {
   return comment;
 }
 
-line_kind ClassifyLine(std::string_view line, double& current_z) {
+FieldPositions FindFields(std::string_view line) {
+  constexpr size_t none = std::string_view::npos;
+  // Slot of each key letter, plus one; 0 for every other character.
+  static constexpr auto slot_of = [] {
+    std::array<uint8_t, 256> slots{};
+    slots['X'] = 1;
+    slots['Y'] = 2;
+    slots['Z'] = 3;
+    slots['E'] = 4;
+    slots['F'] = 5;
+    return slots;
+  }();
+  FieldPositions found{none, none, none, none, none};
+  size_t* const positions[] = {&found.x, &found.y, &found.z, &found.e, &found.f};
+  for (size_t i = 3; i < line.size(); ++i) {
+    const uint8_t slot = slot_of[static_cast<unsigned char>(line[i])];
+    if (slot && *positions[slot - 1] == none) *positions[slot - 1] = i;
+  }
+  return found;
+}
+
+line_kind ClassifyLine(std::string_view line, double& current_z, const FieldPositions& fields) {
   if (line.size() < 2) return line_kind::text;
   if (line.starts_with("G92")) return line_kind::g92;
   const bool g1 = line.starts_with("G1 ") || line.starts_with("G01 ");
   const bool g0 = !g1 && (line.starts_with("G0 ") || line.starts_with("G00 "));
   if (!g1 && !g0) return line_kind::text;
-  const double z = ParseField(line, 'Z');
+  const double z = ParseFieldAt(line, fields.z);
   if (z != no_value && z != current_z) {
     current_z = z;
     return line_kind::layer_change;
@@ -32,9 +55,14 @@ line_kind ClassifyLine(std::string_view line, double& current_z) {
   return g1 ? line_kind::g1 : line_kind::g0;
 }
 
+line_kind ClassifyLine(std::string_view line, double& current_z) {
+  return ClassifyLine(line, current_z, FindFields(line));
+}
+
 namespace {
 
-bool is_field_char(char c) { return (c >= '0' && c <= '9') || c == '.' || c == ',' || c == '-'; }
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_field_char(char c) { return is_digit(c) || c == '.' || c == ',' || c == '-'; }
 
 std::string_view trim_blanks(std::string_view s) {
   while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
@@ -42,110 +70,162 @@ std::string_view trim_blanks(std::string_view s) {
   return s;
 }
 
-// An optional sign, then digits with at most one separator, at least one
-// digit. Converts it, or throws NumberError with `text`.
-double convert_number(std::string_view text, char separator) {
+[[noreturn]] void not_a_number(std::string_view text, bool comma) {
+  std::string shown(text);
+  if (comma) {
+    const size_t dot = shown.find('.');
+    if (dot != std::string::npos) shown[dot] = ',';
+  }
+  throw NumberError(shown);
+}
+
+// Digits with at most one decimal separator, read from `i` up to the first
+// other character.
+struct DigitRun {
+  uint64_t mantissa = 0;
+  int digits = 0;
+  int decimals = 0;
+  size_t end = 0;
+
+  // Up to 15 digits the mantissa and the power of ten are exact, so one
+  // division gives the correctly rounded value.
+  bool exact() const { return digits > 0 && digits <= 15; }
+  double value() const {
+    static constexpr double powers_of_ten[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7,
+                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    return static_cast<double>(mantissa) / powers_of_ten[decimals];
+  }
+};
+
+DigitRun read_digits(std::string_view text, size_t i, bool comma) {
+  DigitRun run;
+  bool separator = false;
+  for (; i < text.size(); ++i) {
+    const char c = text[i];
+    if (is_digit(c)) {
+      run.mantissa = run.mantissa * 10 + static_cast<uint64_t>(c - '0');
+      ++run.digits;
+      run.decimals += separator;
+    } else if (!separator && (c == '.' || (comma && c == ','))) {
+      separator = true;
+    } else {
+      break;
+    }
+  }
+  run.end = i;
+  return run;
+}
+
+// The exact conversion, for texts of more than 15 digits.
+double convert_long(std::string_view body, std::string_view text, bool comma) {
+  std::string plain(body);
+  const size_t separator = plain.find_first_of(".,");
+  if (separator != std::string::npos) plain[separator] = '.';
+  double value = 0;
+  const auto [end, ec] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+  if (ec == std::errc::result_out_of_range) {
+    // Without an exponent a value of 1 or more cannot underflow: any
+    // non-zero integer digit means the number is beyond a double.
+    const std::string_view integer = std::string_view(plain).substr(0, separator);
+    if (integer.find_first_not_of('0') != std::string_view::npos) not_a_number(text, comma);
+    return 0;
+  }
+  if (ec != std::errc() || end != plain.data() + plain.size()) not_a_number(text, comma);
+  return value;
+}
+
+// An optional sign, then digits with at most one decimal separator, at
+// least one digit. The separator is "." (or "," and the first "." when the
+// locale writes a decimal comma).
+double convert_number(std::string_view text, bool comma) {
   std::string_view body = text;
   bool negative = false;
   if (!body.empty() && (body.front() == '+' || body.front() == '-')) {
     negative = body.front() == '-';
     body.remove_prefix(1);
   }
-  size_t digits = 0, separators = 0;
-  for (const char c : body) {
-    if (c >= '0' && c <= '9') {
-      ++digits;
-    } else if (c == separator && separators == 0) {
-      ++separators;
-    } else {
-      throw NumberError(text);
-    }
-  }
-  if (digits == 0) throw NumberError(text);
-
-  std::string plain(body);  // from_chars wants a period and no sign
-  if (separators) plain[plain.find(separator)] = '.';
-  double value = 0;
-  const auto [end, ec] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-  if (ec == std::errc::result_out_of_range) {
-    // Without an exponent a value of 1 or more cannot underflow: any
-    // non-zero integer digit means the number is beyond a double.
-    const size_t integer_end = plain.find('.');
-    const std::string_view integer = std::string_view(plain).substr(0, integer_end);
-    if (integer.find_first_not_of('0') != std::string_view::npos) throw NumberError(text);
-    value = 0;
-  } else if (ec != std::errc() || end != plain.data() + plain.size()) {
-    throw NumberError(text);
-  }
+  const DigitRun run = read_digits(body, 0, comma);
+  if (run.digits == 0 || run.end != body.size()) not_a_number(text, comma);
+  const double value = run.exact() ? run.value() : convert_long(body, text, comma);
   return negative ? -value : value;
+}
+
+// The common field of slicer output, "-12.345" with a period and up to 15
+// digits, read in one pass; no_value for anything else, which
+// convert_number then reads or rejects.
+double plain_decimal(std::string_view line, size_t i) {
+  if (doc.decimal_comma) return no_value;
+  const bool negative = i < line.size() && line[i] == '-';
+  const DigitRun run = read_digits(line, i + negative, false);
+  if (!run.exact() || (run.end < line.size() && is_field_char(line[run.end]))) return no_value;
+  return negative ? -run.value() : run.value();
 }
 
 }  // namespace
 
-double ParseField(std::string_view line, char key) {
-  const size_t p = line.size() > 3 ? line.find(key, 3) : std::string_view::npos;
-  if (p == std::string_view::npos) return no_value;
+double ParseFieldAt(std::string_view line, size_t key_position) {
+  if (key_position == std::string_view::npos) return no_value;
+  if (const double value = plain_decimal(line, key_position + 1); value != no_value) return value;
   // The character right behind the key is taken whatever it is.
-  size_t i = p + 2;
-  while (i < line.size() && is_field_char(line[i])) ++i;
-  const size_t start = p + 1;
-  std::string text(trim_blanks(line.substr(std::min(start, line.size()), std::min(i, line.size()) - std::min(start, line.size()))));
-  if (doc.decimal_comma) {
-    const size_t dot = text.find('.');
-    if (dot != std::string::npos) text[dot] = ',';
-  }
-  return convert_number(text, doc.decimal_comma ? ',' : '.');
+  const size_t start = std::min(key_position + 1, line.size());
+  size_t stop = key_position + 2;
+  while (stop < line.size() && is_field_char(line[stop])) ++stop;
+  stop = std::min(stop, line.size());
+  return convert_number(trim_blanks(line.substr(start, stop - start)), doc.decimal_comma);
+}
+
+double ParseField(std::string_view line, char key) {
+  return ParseFieldAt(line, line.size() > 3 ? line.find(key, 3) : std::string_view::npos);
 }
 
 bool DetectDecimalComma() { return platform().locale_decimal_comma(); }
 
 namespace {
 
-// Writes value as printf("%.5f") would and returns the end. Values of
-// moderate size take an integer path; a product within rounding error of
-// a half, and large values, go through the exact conversion.
-char* format_fixed5(char* out, char* out_end, double value) {
-  if (std::fabs(value) < 1e10) {
-    const double scaled = value * 100000.0;
-    const double rounded = std::nearbyint(scaled);
-    const double distance_to_half = std::fabs(std::fabs(scaled - rounded) - 0.5);
-    if (distance_to_half > std::fabs(scaled) * 0x1p-50 + 0x1p-60) {
-      long long units = static_cast<long long>(rounded);
-      if (units < 0) {
-        *out++ = '-';
-        units = -units;
-      }
-      out = std::to_chars(out, out_end, units / 100000).ptr;
-      *out++ = '.';
-      long long frac = units % 100000;
-      for (int d = 4; d >= 0; --d) {
-        out[d] = static_cast<char>('0' + frac % 10);
-        frac /= 10;
-      }
-      return out + 5;
-    }
-  }
-  return std::to_chars(out, out_end, value, std::chars_format::fixed, 5).ptr;
+// The value in units of the fifth decimal, rounded as printf("%.5f")
+// rounds, when the double product can be trusted: the value is of moderate
+// size and the product is not within its rounding error of a half.
+bool fifth_decimal_units(double value, long long& units) {
+  if (!(std::fabs(value) < 1e10)) return false;
+  const double scaled = value * 100000.0;
+  const double rounded = std::nearbyint(scaled);
+  const double distance_to_half = std::fabs(std::fabs(scaled - rounded) - 0.5);
+  if (distance_to_half <= std::fabs(scaled) * 0x1p-50 + 0x1p-60) return false;
+  units = static_cast<long long>(rounded);
+  return true;
 }
 
 }  // namespace
 
 void AppendNumber(std::string& out, double value, bool to_period) {
+  const char point = doc.decimal_comma && !to_period ? ',' : '.';
   char buf[400];
-  char* end = format_fixed5(buf, buf + sizeof buf, value);
-  const char* dot = std::char_traits<char>::find(buf, static_cast<size_t>(end - buf), '.');
-  if (dot) {
-    while (end[-1] == '0') --end;
-    if (end[-1] == '.') --end;
+  char* end = buf;
+  long long units = 0;
+  if (fifth_decimal_units(value, units)) {
+    if (units < 0) {
+      *end++ = '-';
+      units = -units;
+    }
+    end = std::to_chars(end, buf + sizeof buf, units / 100000).ptr;
+    long long decimals = units % 100000;
+    if (decimals) {
+      int width = 5;
+      for (; decimals % 10 == 0; decimals /= 10) --width;
+      *end++ = point;
+      for (int d = width - 1; d >= 0; --d, decimals /= 10) end[d] = static_cast<char>('0' + decimals % 10);
+      end += width;
+    }
+  } else {
+    end = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::fixed, 5).ptr;
+    if (char* dot = static_cast<char*>(std::memchr(buf, '.', static_cast<size_t>(end - buf)))) {
+      while (end[-1] == '0') --end;
+      if (end[-1] == '.') --end;
+      else *dot = point;
+    }
   }
-  std::string_view text(buf, static_cast<size_t>(end - buf));
-  if (text == "-0") text = "0";
-  const size_t start = out.size();
-  out.append(text);
-  if (doc.decimal_comma && !to_period) {
-    const size_t p = out.find('.', start);
-    if (p != std::string::npos) out[p] = ',';
-  }
+  const std::string_view text(buf, static_cast<size_t>(end - buf));
+  out.append(text == "-0" ? "0" : text);
 }
 
 std::string FormatNumber(double value, bool to_period) {

@@ -21,14 +21,25 @@ class NumberError : public std::runtime_error {
 // (trailing blanks included), the result is what follows it.
 std::string_view SplitComment(std::string_view& line);
 
+// Where each key letter first stands in a line, searched from the fourth
+// character on (the command word is never searched); npos when absent.
+// One pass finds all five, so a move line is scanned once.
+struct FieldPositions {
+  size_t x, y, z, e, f;
+};
+FieldPositions FindFields(std::string_view line);
+
 // The kind of a line without its comment. A move whose Z differs from
 // `current_z` is a layer change and sets `current_z`.
+line_kind ClassifyLine(std::string_view line, double& current_z, const FieldPositions& fields);
 line_kind ClassifyLine(std::string_view line, double& current_z);
 
 // The number behind `key` ('X', 'Y', 'Z', 'E' or 'F'), searched from the
 // fourth character on; no_value when the key is absent. Throws NumberError.
 // Reads the decimal separator of doc.decimal_comma.
 double ParseField(std::string_view line, char key);
+// The same for a key found at `key_position` (npos: absent).
+double ParseFieldAt(std::string_view line, size_t key_position);
 
 // Whether the user's locale writes a decimal comma.
 bool DetectDecimalComma();

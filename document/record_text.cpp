@@ -15,7 +15,7 @@ std::string_view CoordinateHead(line_kind kind) {
 }
 
 void AppendFields(std::string& out, const coor_data& c, bool to_period) {
-  const std::pair<const char*, double> fields[] = {{" X", c.x}, {" Y", c.y}, {" E", c.e}, {" F", c.f}};
+  const std::pair<std::string_view, double> fields[] = {{" X", c.x}, {" Y", c.y}, {" E", c.e}, {" F", c.f}};
   for (const auto& [key, value] : fields) {
     if (value == no_value) continue;
     out += key;
