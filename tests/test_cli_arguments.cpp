@@ -1,0 +1,100 @@
+// The command line of korvexed-cli as the parser reads it.
+#include <gtest/gtest.h>
+
+#include "cli/arguments.h"
+
+using korvexed::cli::Arguments;
+using korvexed::cli::Command;
+using korvexed::cli::ParseArguments;
+using korvexed::cli::UsageError;
+
+namespace {
+
+Arguments Parse(std::initializer_list<std::string_view> words) { return ParseArguments(words); }
+
+std::string Error(std::initializer_list<std::string_view> words) {
+  try {
+    ParseArguments(words);
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+  return "(accepted)";
+}
+
+TEST(CliArguments, HelpAndVersionWinOverEverythingElse) {
+  EXPECT_EQ(Parse({"--help"}).command, Command::help);
+  EXPECT_EQ(Parse({"info", "-h"}).command, Command::help);
+  EXPECT_EQ(Parse({"render", "x", "--help"}).command, Command::help);
+  EXPECT_EQ(Parse({"--version"}).command, Command::version);
+  EXPECT_EQ(Parse({"dump", "--bogus", "--version"}).command, Command::version);
+}
+
+TEST(CliArguments, EachCommandTakesItsFilesInOrder) {
+  const Arguments info = Parse({"info", "a.gcode"});
+  EXPECT_EQ(info.command, Command::info);
+  EXPECT_EQ(info.file, "a.gcode");
+  EXPECT_FALSE(info.accept_partial);
+
+  const Arguments edit = Parse({"edit", "a.gcode", "-"});
+  EXPECT_EQ(edit.command, Command::edit);
+  EXPECT_EQ(edit.file, "a.gcode");
+  EXPECT_EQ(edit.script, "-");
+
+  const Arguments dump = Parse({"dump", "a.gcode"});
+  EXPECT_EQ(dump.out, "") << "dump without -o writes to standard output";
+}
+
+TEST(CliArguments, OptionsMayStandAnywhereAfterTheCommand) {
+  const Arguments convert = Parse({"convert", "--tagged", "-o", "-", "a.gcode", "--accept-partial"});
+  EXPECT_EQ(convert.command, Command::convert);
+  EXPECT_EQ(convert.file, "a.gcode");
+  EXPECT_EQ(convert.out, "-");
+  EXPECT_TRUE(convert.tagged);
+  EXPECT_TRUE(convert.accept_partial);
+}
+
+TEST(CliArguments, TranslateValuesAreNumbersWithAPeriodAndDefaultToZero) {
+  const Arguments none = Parse({"translate", "a", "-o", "b"});
+  EXPECT_EQ(none.rotate, 0);
+  EXPECT_EQ(none.dx, 0);
+  EXPECT_EQ(none.dy, 0);
+
+  const Arguments all = Parse({"translate", "a", "-o", "b", "--rotate", "-90", "--dx=1.5e1", "--dy", "+.25"});
+  EXPECT_EQ(all.rotate, -90);
+  EXPECT_EQ(all.dx, 15);
+  EXPECT_EQ(all.dy, 0.25);
+
+  EXPECT_EQ(Error({"translate", "a", "-o", "b", "--dx", "1,5"}), "option '--dx': '1,5' is not a number");
+  EXPECT_EQ(Error({"translate", "a", "-o", "b", "--rotate", "nan"}), "option '--rotate': 'nan' is not a number");
+  EXPECT_EQ(Error({"translate", "a", "-o", "b", "--dy", "1e999"}), "option '--dy': '1e999' is not a number");
+}
+
+TEST(CliArguments, WrongCommandLinesAreRefusedWithTheReason) {
+  EXPECT_EQ(Error({}), "no command given");
+  EXPECT_EQ(Error({"render", "a.gcode", "-o", "a.png"}), "unknown command 'render'");
+  EXPECT_EQ(Error({"info"}), "info needs FILE");
+  EXPECT_EQ(Error({"edit", "a.gcode"}), "edit needs FILE and SCRIPT");
+  EXPECT_EQ(Error({"info", "a", "b"}), "unexpected argument 'b'");
+  EXPECT_EQ(Error({"convert", "a.gcode"}), "convert needs -o OUT");
+  EXPECT_EQ(Error({"translate", "a.gcode", "--dx", "1"}), "translate needs -o OUT");
+  EXPECT_EQ(Error({"dump", "a.gcode", "-o"}), "option '-o' needs a value");
+  EXPECT_EQ(Error({"info", "a.gcode", "-o", "x"}), "info does not take option '-o'");
+  EXPECT_EQ(Error({"dump", "a.gcode", "--tagged"}), "dump does not take option '--tagged'");
+  EXPECT_EQ(Error({"convert", "a.gcode", "-o", "x", "--rotate", "5"}), "convert does not take option '--rotate'");
+  EXPECT_EQ(Error({"info", "a.gcode", "--verbose"}), "unknown option '--verbose'");
+  EXPECT_EQ(Error({"info", "a.gcode", "--accept-partial=yes"}), "option '--accept-partial' takes no value");
+}
+
+TEST(CliArguments, EveryCommandTakesAcceptPartialAndDecimalComma) {
+  const std::vector<std::vector<std::string_view>> lines{
+      {"info", "a"}, {"dump", "a"}, {"convert", "a", "-o", "b"}, {"translate", "a", "-o", "b"}, {"edit", "a", "s"}};
+  for (std::vector<std::string_view> words : lines) {
+    words.push_back("--accept-partial");
+    words.push_back("--decimal-comma");
+    const Arguments args = ParseArguments(words);
+    EXPECT_TRUE(args.accept_partial) << words[0];
+    EXPECT_TRUE(args.decimal_comma) << words[0];
+  }
+}
+
+}  // namespace

@@ -1,0 +1,108 @@
+// How edit scripts are cut into lines, words, numbers and index lists.
+#include <gtest/gtest.h>
+
+#include "cli/numbers.h"
+#include "cli/script_args.h"
+#include "cli/script_lines.h"
+
+using namespace korvexed::cli;
+
+namespace {
+
+std::vector<int32_t> Indices(std::string_view text, int32_t count) {
+  const std::vector<ScriptLine> lines = SplitScript(text);
+  return ScriptArgs(lines.at(0)).indices(0, count, "row");
+}
+
+std::string IndicesError(std::string_view text, int32_t count) {
+  try {
+    Indices(text, count);
+  } catch (const ScriptError& error) {
+    return error.what();
+  }
+  return "(accepted)";
+}
+
+TEST(CliScriptLines, LinesEndAtLfOrCrLfAndKeepTheirNumbers) {
+  const std::vector<ScriptLine> lines = SplitScript("layer 1\r\n\n   \t\n# note\n  #x\nmove 1\t2 \r\nsave -");
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_EQ(lines[0].number, 1);
+  EXPECT_EQ(lines[0].words, (std::vector<std::string_view>{"layer", "1"}));
+  EXPECT_EQ(lines[1].number, 6);
+  EXPECT_EQ(lines[1].words, (std::vector<std::string_view>{"move", "1", "2"}));
+  EXPECT_EQ(lines[2].number, 7) << "a last line without a line end counts";
+  EXPECT_EQ(lines[2].words, (std::vector<std::string_view>{"save", "-"}));
+}
+
+TEST(CliScriptLines, AHashInsideALineIsAWord) {
+  const std::vector<ScriptLine> lines = SplitScript("text 3 #include\n");
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_EQ(lines[0].words.back(), "#include");
+}
+
+TEST(CliScriptLines, TextAfterAWordStartsBehindOneBlank) {
+  const std::vector<ScriptLine> lines = SplitScript("text  7  two  blanks ;c \r\ntext 7\ntext 7 \n");
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_EQ(TextAfterWord(lines[0], 1), " two  blanks ;c ");
+  EXPECT_EQ(TextAfterWord(lines[1], 1), "");
+  EXPECT_EQ(TextAfterWord(lines[2], 1), "");
+}
+
+TEST(CliScriptNumbers, APeriodAndAnExponentWhateverTheLocale) {
+  EXPECT_EQ(ParseNumber("1.5"), 1.5);
+  EXPECT_EQ(ParseNumber("-2"), -2);
+  EXPECT_EQ(ParseNumber("+.5"), 0.5);
+  EXPECT_EQ(ParseNumber("5."), 5);
+  EXPECT_EQ(ParseNumber("2.5e-1"), 0.25);
+  for (const std::string_view bad : {"", "+", "1,5", "1.5x", "x", "+-1", "--1", "inf", "nan", "1e400", "0x10", " 1"}) {
+    EXPECT_FALSE(ParseNumber(bad)) << "'" << bad << "'";
+  }
+}
+
+TEST(CliScriptNumbers, IndicesAreWholeNonNegativeIntegers) {
+  EXPECT_EQ(ParseIndex("0"), 0);
+  EXPECT_EQ(ParseIndex("42"), 42);
+  for (const std::string_view bad : {"", "-1", "+1", "1.0", "1e2", "99999999999", "7x"}) {
+    EXPECT_FALSE(ParseIndex(bad)) << "'" << bad << "'";
+  }
+}
+
+TEST(CliScriptNumbers, DialogValuesAreClampedAsTheDialogClampsThem) {
+  EXPECT_EQ(DialogValue(500000), 328000);
+  EXPECT_EQ(DialogValue(-500000), -328000);
+  EXPECT_EQ(DialogValue(-12.5), -12.5);
+}
+
+TEST(CliScriptArgs, IndexListsTakeRangesInTheirOrder) {
+  EXPECT_EQ(Indices("rows 5 0-2 4-4", 6), (std::vector<int32_t>{5, 0, 1, 2, 4}));
+}
+
+TEST(CliScriptArgs, IndexListsRefuseWhatIsNotThere) {
+  EXPECT_EQ(IndicesError("rows", 6), "'rows' needs at least one row index");
+  EXPECT_EQ(IndicesError("rows 6", 6), "row 6 does not exist (valid: 0 to 5)");
+  EXPECT_EQ(IndicesError("rows 2-9", 6), "row 9 does not exist (valid: 0 to 5)");
+  EXPECT_EQ(IndicesError("rows 0", 0), "row 0 does not exist (valid: none)");
+  EXPECT_EQ(IndicesError("rows 4-2", 6), "range '4-2' runs backwards");
+  EXPECT_EQ(IndicesError("rows -1", 6), "'-1' is not a row index");
+  EXPECT_EQ(IndicesError("rows 1-", 6), "'1-' is not a row index");
+  EXPECT_EQ(IndicesError("rows 1.5", 6), "'1.5' is not a row index");
+}
+
+TEST(CliScriptArgs, ArgumentCountsAreChecked) {
+  const std::vector<ScriptLine> lines = SplitScript("move 1 2 3 4\nlayer\n");
+  EXPECT_NO_THROW(ScriptArgs(lines[0]).expect(2, 4));
+  try {
+    ScriptArgs(lines[0]).expect(2, 3);
+    ADD_FAILURE() << "four arguments accepted";
+  } catch (const ScriptError& error) {
+    EXPECT_STREQ(error.what(), "'move' takes 2 to 3 arguments, not 4");
+  }
+  try {
+    ScriptArgs(lines[1]).expect(1, 1);
+    ADD_FAILURE() << "no argument accepted";
+  } catch (const ScriptError& error) {
+    EXPECT_STREQ(error.what(), "'layer' takes 1 argument, not 0");
+  }
+}
+
+}  // namespace
