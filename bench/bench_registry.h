@@ -1,0 +1,12 @@
+#pragma once
+#include "bench/bench_prints.h"
+
+namespace korvexed::bench {
+
+// Load, save and peak memory of one print.
+void RegisterFileBenchmarks(const BenchFile& file);
+// Vertex moves and whole-print turns on one print, and point insertion
+// into a large layer.
+void RegisterEditingBenchmarks(const BenchFile& file);
+
+}  // namespace korvexed::bench
