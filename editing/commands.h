@@ -3,6 +3,7 @@
 // checks, messages and the modified flag. Dialog values arrive already
 // clamped by the dialog.
 #include <cstdint>
+#include <string>
 
 namespace korvexed {
 
@@ -14,10 +15,13 @@ bool TranslateCommand(double rotation, double ox, double oy);
 // Delete Selected Data: marked vertices, then (when `rows_allowed`) the
 // selected G92 and text rows.
 bool DeleteSelectedDataCommand(bool rows_allowed);
-// Delete Selected Layers.
+// Delete Selected Layers; afterwards no layer is current.
 bool DeleteSelectedLayersCommand();
 // Insert Point(s) before move r: one point at (x, y) for count 1, else
 // count points spread evenly.
 void InsertPointsCommand(int32_t r, int32_t count, double x, double y);
+// The text editing dialog's OK: replaces text record r of the current layer
+// when `text` differs from it; true when it did.
+bool ReplaceTextCommand(int32_t r, const std::string& text);
 
 }  // namespace korvexed

@@ -42,8 +42,8 @@ void FillLayerList();
 // Makes `layer` current as a click on its line with no other layer on view:
 // every data row on view, no vertex marked.
 void ShowSingleLayer(int32_t layer);
-// Re-reads the Z captions of the layer list from `first` on.
-void RefreshLayerCaptions(int32_t first);
+// Re-reads the Z captions of the layer list (after layers were removed).
+void RefreshLayerCaptions();
 
 // Data view commands: 0 None, 1 Invert, 2 Selected, 3 Extruded, 4 All.
 void DataViewCommand(int index);
@@ -63,5 +63,13 @@ void SelectCommand(int index);
 // Tells the window that every record text of the current layer may have
 // changed (after an edit).
 void RefreshListsAfterEdit();
+
+// Keep the lists in step with one record of the current layer inserted at
+// (on view and marked) or removed from row r, and with one layer removed.
+void ListRowInserted(int32_t r);
+void ListRowRemoved(int32_t r);
+void LayerRowRemoved(int32_t layer);
+// No layer current: the data and selection lists empty.
+void ClearCurrentLayer();
 
 }  // namespace korvexed

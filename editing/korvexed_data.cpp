@@ -1,0 +1,167 @@
+#include "editing/korvexed_data.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "editing/e_shift.h"
+#include "editing/list_state.h"
+#include "editing/move_length.h"
+#include "platform/platform.h"
+
+namespace korvexed {
+
+namespace {
+
+// One step of the backward walk of get_state_before; true when it ends
+// the walk. A G92 met first (later in the file) wins over older values.
+bool take_state(coor_data& s, const g_entry& entry) {
+  if (!is_coordinate(entry.kind)) return false;
+  const coor_data& c = doc.coor(entry);
+  if (s.x == no_value) s.x = c.x;
+  if (s.y == no_value) s.y = c.y;
+  if (s.e == no_value) s.e = c.e;
+  if (s.f == no_value) s.f = c.f;
+  if (entry.kind == line_kind::g92) return s.x != no_value && s.y != no_value && s.e != no_value && s.f != no_value;
+  s.e_delta = c.e_delta;
+  s.d_delta = c.d_delta;
+  return true;
+}
+
+coor_data zero_missing(coor_data s) {
+  for (double* v : {&s.x, &s.y, &s.e, &s.f})
+    if (*v == no_value) *v = 0;
+  return s;
+}
+
+}  // namespace
+
+coor_data get_state_before(int32_t& layer, int32_t r) {
+  coor_data s;
+  s.x = s.y = s.e = s.f = no_value;
+  const int32_t start = layer;
+  for (int32_t l = start; l >= 0; --l) {
+    layer = l;
+    const layer_data& ly = doc.layer(l);
+    for (int32_t i = l == start ? r : ly.g_count - 1; i >= 0; --i)
+      if (take_state(s, ly.g[static_cast<size_t>(i)])) return zero_missing(s);
+  }
+  return zero_missing(s);
+}
+
+int32_t find_next_move(int32_t& layer, int32_t r, coor_data& state) {
+  for (int32_t l = layer; l < doc.layer_count; ++l, r = 0) {
+    const layer_data& ly = doc.layer(l);
+    for (int32_t i = r; i < ly.g_count; ++i) {
+      const g_entry& entry = ly.g[static_cast<size_t>(i)];
+      if (is_move(entry.kind)) {
+        layer = l;
+        return i;
+      }
+      if (entry.kind == line_kind::g92) {
+        // A position reset between the edit and the next move counts.
+        const coor_data& c = doc.coor(entry);
+        if (c.x != no_value) state.x = c.x;
+        if (c.y != no_value) state.y = c.y;
+        if (c.e != no_value) state.e = c.e;
+        if (c.f != no_value) state.f = c.f;
+      }
+    }
+  }
+  layer = doc.layer_count;
+  return -1;
+}
+
+bool add_to_e_in_layer(int32_t layer, int32_t r, std::span<const double> deltas) {
+  const layer_data& ly = doc.layer(layer);
+  for (int32_t i = r; i < ly.g_count; ++i) {
+    const g_entry& entry = ly.g[static_cast<size_t>(i)];
+    if (is_move(entry.kind)) {
+      double& e = doc.coor(entry).e;
+      for (const double delta : deltas) e += delta;
+    } else if (entry.kind == line_kind::g92 && doc.coor(entry).e != no_value) {
+      return false;  // the extrusion restarts here
+    }
+  }
+  return true;
+}
+
+void add_to_e_from(int32_t layer, int32_t r, std::span<const double> deltas) {
+  for (int32_t l = layer; l < doc.layer_count && add_to_e_in_layer(l, r, deltas); ++l) r = 0;
+}
+
+void shift_e_after(int32_t layer, int32_t r, double delta) {
+  if (std::fabs(delta) > negligible) add_to_e_from(layer, r, {&delta, 1});
+}
+
+void insert_record_before(int32_t layer, int32_t r) {
+  layer_data& ly = doc.layer(layer);
+  doc.ensure_g_capacity(ly);
+  const int32_t index = doc.new_coor_record();
+  const auto at = ly.g.begin() + r;
+  std::copy_backward(at, ly.g.begin() + ly.g_count, ly.g.begin() + ly.g_count + 1);
+  at->index = index;  // keeps the kind of the record it displaces
+  ++ly.g_count;
+  ++ly.coor_count;
+  if (layer == doc.current_layer) ListRowInserted(r);
+}
+
+void delete_record(int32_t layer, int32_t r) {
+  layer_data& ly = doc.layer(layer);
+  const bool was_move = is_move(ly.g[static_cast<size_t>(r)].kind);
+  std::copy(ly.g.begin() + r + 1, ly.g.begin() + ly.g_count, ly.g.begin() + r);
+  --ly.g_count;
+  if (was_move) --ly.coor_count;
+  if (layer == doc.current_layer) ListRowRemoved(r);
+}
+
+void rederive_move(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
+  coor_data& m = doc.coor(layer, r);
+  const double l2 = dist3_sq(p.x, p.y, layer_z(p_layer), m.x, m.y, layer_z(layer));
+  keep_extrusion_rate(m, l2);
+  const double e = p.e + m.e_delta;
+  const double delta = e - m.e;
+  m.e = e;
+  set_move_length(m, l2);
+  shift_e_after(layer, r + 1, delta);
+}
+
+bool check_d_delta(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
+  const coor_data& m = doc.coor(layer, r);
+  const double l2 = dist3_sq(p.x, p.y, layer_z(p_layer), m.x, m.y, layer_z(layer));
+  if (std::fabs(l2 - m.d_delta) < negligible) return true;
+  platform().message_box("for debug purpose: d_delta is not tally at layer_list(" + std::to_string(layer) + ").g(" +
+                             std::to_string(r) + ") please report to the developer",
+                         MsgIcon::critical, MsgButtons::ok);
+  return false;
+}
+
+double dist2_sq(double x1, double y1, double x2, double y2) {
+  return (x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1);
+}
+
+double dist3_sq(double x1, double y1, double z1, double x2, double y2, double z2) {
+  return (x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1) + (z2 - z1) * (z2 - z1);
+}
+
+void normalize_rect(double& x1, double& y1, double& x2, double& y2) {
+  if (x1 > x2) std::swap(x1, x2);
+  if (y1 > y2) std::swap(y1, y2);
+}
+
+bool point_in_rect(double px, double py, double x1, double y1, double x2, double y2) {
+  return x1 <= px && px <= x2 && y1 <= py && py <= y2;
+}
+
+double seg_dist_sq(double x1, double y1, double x2, double y2, double px, double py) {
+  const double s = (x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1);
+  if (s <= negligible) return dist2_sq(x1, y1, px, py);
+  const double t = std::clamp(((px - x1) * (x2 - x1) + (py - y1) * (y2 - y1)) / s, 0.0, 1.0);
+  return dist2_sq(x1 + t * (x2 - x1), y1 + t * (y2 - y1), px, py);
+}
+
+void replace_text_record(int32_t r, const std::string& text) {
+  doc.text_list[doc.layer(doc.current_layer).g[static_cast<size_t>(r)].index] = text;
+}
+
+}  // namespace korvexed

@@ -1,0 +1,222 @@
+#include "editing/list_state.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+
+#include "document/document.h"
+#include "platform/platform.h"
+
+namespace korvexed {
+
+ListState lists;
+
+namespace {
+
+size_t at(int32_t i) { return static_cast<size_t>(i); }
+
+// Z as the layer list shows it: 15 significant digits, written without an
+// exponent and without trailing zeros.
+std::string plain_number(double v) {
+  char rounded[32];
+  std::snprintf(rounded, sizeof rounded, "%.15g", v);
+  char text[400];
+  const auto end = std::to_chars(text, text + sizeof text, std::strtod(rounded, nullptr), std::chars_format::fixed).ptr;
+  return std::string(text, end);
+}
+
+// A row inserted before `row` moves a caret at or after it one line on.
+void caret_after_insert(int32_t& caret, int32_t row) {
+  if (caret >= row) ++caret;
+}
+
+// A removed caret line leaves no caret; one after it moves up.
+void caret_after_remove(int32_t& caret, int32_t row) {
+  if (caret == row) caret = -1;
+  else if (caret > row) --caret;
+}
+
+int32_t count_set(const std::vector<uint8_t>& states) {
+  return static_cast<int32_t>(std::count_if(states.begin(), states.end(), [](uint8_t s) { return s != 0; }));
+}
+
+}  // namespace
+
+std::string LayerLineText(int32_t layer) {
+  std::string text = "L";
+  text += std::to_string(layer);
+  text += "> Z";
+  text += plain_number(doc.layer(layer).z);
+  return text;
+}
+
+void FillLayerList() {
+  if (lists.refresh_guard) return;
+  ShowSingleLayer(0);
+}
+
+void ShowSingleLayer(int32_t layer) {
+  lists.layer_selected.assign(at(doc.layer_count), 0);
+  lists.layer_selected[at(layer)] = 1;
+  lists.layer_caret = layer;
+  platform().list_reset(ListId::layer);
+
+  doc.current_layer = layer;
+  const int32_t records = doc.layer(layer).g_count;
+  lists.data_selected.assign(at(records), 1);
+  lists.data_caret = records > 0 ? 0 : -1;
+  lists.select_flag.assign(at(records), 0);
+  platform().list_reset(ListId::data);
+  RebuildSelectionList();
+
+  if (records > 0) ShowStatus("Data 0", 3);
+  ShowStatus("Layer " + std::to_string(layer), 2);
+  ShowStatus(LayerLineText(layer), 1);
+}
+
+void RefreshLayerCaptions() { platform().list_reset(ListId::layer); }
+
+void DataViewCommand(int index) {
+  if (lists.refresh_guard || lists.data_selected.empty()) return;
+  const layer_data& ly = doc.layer(doc.current_layer);
+  for (size_t i = 0; i < lists.data_selected.size(); ++i) {
+    uint8_t& on_view = lists.data_selected[i];
+    const g_entry& entry = ly.g[i];
+    switch (index) {
+      case 0: on_view = 0; break;
+      case 1: on_view = !on_view; break;
+      case 2: on_view = lists.select_flag[i] != 0; break;
+      case 3: on_view = is_move(entry.kind) && !doc.coor(entry).no_extrude; break;
+      case 4: on_view = 1; break;
+      default: return;
+    }
+  }
+  platform().list_reset(ListId::data);
+  RebuildSelectionList();
+}
+
+void SetDataRowsOnView(const std::vector<int32_t>& rows) {
+  std::fill(lists.data_selected.begin(), lists.data_selected.end(), 0);
+  for (const int32_t r : rows) lists.data_selected[at(r)] = 1;
+  platform().list_reset(ListId::data);
+  RebuildSelectionList();
+}
+
+void RebuildSelectionList() {
+  if (lists.refresh_guard) return;
+  lists.refresh_guard = true;
+  lists.row_to_g.clear();
+  lists.select_line.clear();
+  lists.select_caret = -1;
+  const layer_data& ly = doc.layer(doc.current_layer);
+  for (int32_t i = 0; i < static_cast<int32_t>(lists.data_selected.size()); ++i) {
+    if (!lists.data_selected[at(i)] || !is_move(ly.g[at(i)].kind)) continue;
+    lists.row_to_g.push_back(i);
+    lists.select_line.push_back(lists.select_flag[at(i)] != 0);
+  }
+  platform().list_reset(ListId::select);
+  lists.refresh_guard = false;
+}
+
+void ApplySelection(bool list_to_flags) {
+  if (list_to_flags) {
+    for (size_t k = 0; k < lists.row_to_g.size(); ++k)
+      lists.select_flag[at(lists.row_to_g[k])] = lists.select_line[k] ? 1 : 0;
+  } else {
+    lists.refresh_guard = true;
+    for (size_t k = 0; k < lists.row_to_g.size(); ++k)
+      lists.select_line[k] = lists.select_flag[at(lists.row_to_g[k])] != 0;
+    platform().list_reset(ListId::select);
+    lists.refresh_guard = false;
+  }
+  SelectionStatus();
+}
+
+void SelectionStatus() {
+  const int32_t flags = count_set(lists.select_flag);
+  const int32_t lines = count_set(lists.select_line);
+  if (flags != lines) {
+    const std::string counts = std::to_string(flags) + " vs " + std::to_string(lines);
+    platform().message_box("for debug purpose: data vs gui selection count not tally (" + counts + ")",
+                           MsgIcon::critical, MsgButtons::ok);
+  }
+  ShowStatus(std::to_string(lines) + (lines > 1 ? " vertices" : " vertex") + " selected", 1);
+  if (lines == 1) {
+    const auto k = std::find_if(lists.select_line.begin(), lists.select_line.end(), [](uint8_t s) { return s != 0; });
+    ShowStatus("Data " + std::to_string(lists.row_to_g[static_cast<size_t>(k - lists.select_line.begin())]), 3);
+  } else {
+    ShowStatus("Multi Data", 3);
+  }
+}
+
+void SelectCommand(int index) {
+  if (lists.refresh_guard || lists.select_line.empty()) return;
+  for (uint8_t& line : lists.select_line) line = index == 0 ? 0 : index == 2 ? 1 : !line;
+  platform().list_reset(ListId::select);
+  ApplySelection(true);
+}
+
+void RefreshListsAfterEdit() {
+  platform().list_reset(ListId::data);
+  platform().list_reset(ListId::select);
+}
+
+void ListRowInserted(int32_t r) {
+  // The new record is on view and marked, so it joins the selection list
+  // just before the record it displaced.
+  lists.data_selected.insert(lists.data_selected.begin() + r, 1);
+  lists.select_flag.insert(lists.select_flag.begin() + r, 1);
+  caret_after_insert(lists.data_caret, r);
+  platform().list_row_inserted(ListId::data, r);
+
+  auto& rows = lists.row_to_g;
+  const auto k = static_cast<int32_t>(std::lower_bound(rows.begin(), rows.end(), r) - rows.begin());
+  for (auto it = rows.begin() + k; it != rows.end(); ++it) ++*it;
+  rows.insert(rows.begin() + k, r);
+  lists.select_line.insert(lists.select_line.begin() + k, 1);
+  caret_after_insert(lists.select_caret, k);
+  platform().list_row_inserted(ListId::select, k);
+}
+
+void ListRowRemoved(int32_t r) {
+  lists.data_selected.erase(lists.data_selected.begin() + r);
+  lists.select_flag.erase(lists.select_flag.begin() + r);
+  caret_after_remove(lists.data_caret, r);
+  platform().list_row_removed(ListId::data, r);
+
+  auto& rows = lists.row_to_g;
+  for (int32_t k = 0; k < static_cast<int32_t>(rows.size());) {
+    if (rows[at(k)] > r) {
+      --rows[at(k++)];
+    } else if (rows[at(k)] == r) {
+      rows.erase(rows.begin() + k);
+      lists.select_line.erase(lists.select_line.begin() + k);
+      caret_after_remove(lists.select_caret, k);
+      platform().list_row_removed(ListId::select, k);
+    } else {
+      ++k;
+    }
+  }
+}
+
+void LayerRowRemoved(int32_t layer) {
+  lists.layer_selected.erase(lists.layer_selected.begin() + layer);
+  caret_after_remove(lists.layer_caret, layer);
+  platform().list_row_removed(ListId::layer, layer);
+}
+
+void ClearCurrentLayer() {
+  doc.current_layer = -1;
+  lists.layer_caret = -1;
+  lists.data_selected.clear();
+  lists.data_caret = -1;
+  lists.row_to_g.clear();
+  lists.select_line.clear();
+  lists.select_caret = -1;
+  lists.select_flag.clear();
+  platform().list_reset(ListId::data);
+  platform().list_reset(ListId::select);
+}
+
+}  // namespace korvexed

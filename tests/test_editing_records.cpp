@@ -1,0 +1,236 @@
+// The record-level operations: machine state, next move, E shifts, record
+// slots, geometry and the d_delta self-check.
+#include <gtest/gtest.h>
+
+#include "editing/commands.h"
+#include "tests/editing_fixture.h"
+
+using namespace korvexed;
+using korvexed::testing::EditingTest;
+
+namespace {
+
+// Layer 0: G1 Z0, a move, an E reset, a text line, a move.
+// Layer 1 (z 0.4): a move, a G92 X1, a move.
+const char* const state_doc =
+    "G1 X5 Y6 E2 F900\n"
+    "G92 E0\n"
+    "M104 S200\n"
+    "G1 X8 Y10 E3\n"
+    "G1 X8 Y10 Z0.4 E4\n"
+    "G92 X1\n"
+    "G1 X1 Y10 E5\n";
+
+}  // namespace
+
+using State = EditingTest;
+
+TEST_F(State, BeforeTheFirstRecordIsTheOrigin) {
+  load(state_doc);
+  int32_t layer = 0;
+  const coor_data s = get_state_before(layer, -1);
+  EXPECT_EQ(layer, 0);
+  EXPECT_EQ(s.x, 0);
+  EXPECT_EQ(s.y, 0);
+  EXPECT_EQ(s.e, 0);
+  EXPECT_EQ(s.f, 0);
+}
+
+TEST_F(State, AResetGivingOnlyEKeepsTheMovesPosition) {
+  load(state_doc);
+  int32_t layer = 0;
+  const coor_data s = get_state_before(layer, 3);
+  EXPECT_EQ(layer, 0);
+  EXPECT_EQ(s.x, 5);
+  EXPECT_EQ(s.y, 6);
+  EXPECT_EQ(s.e, 0);
+  EXPECT_EQ(s.f, 900);
+  EXPECT_EQ(s.e_delta, 2);
+  EXPECT_EQ(s.d_delta, 61);
+}
+
+TEST_F(State, WalksIntoTheLayersBefore) {
+  load(state_doc);
+  int32_t layer = 1;
+  const coor_data s = get_state_before(layer, -1);
+  EXPECT_EQ(layer, 0);
+  EXPECT_EQ(s.x, 8);
+  EXPECT_EQ(s.e, 3);
+
+  layer = 1;
+  const coor_data after_reset = get_state_before(layer, 1);
+  EXPECT_EQ(layer, 1);
+  EXPECT_EQ(after_reset.x, 1);
+  EXPECT_EQ(after_reset.y, 10);
+  EXPECT_EQ(after_reset.e, 4);
+}
+
+TEST_F(State, AResetGivingEverythingEndsTheWalkWithoutAMove) {
+  load("G1 X1 Y1 E1\nG1 X1 Y1 Z0.3 E2\nG92 X7 Y8 E9 F100\nM117\n");
+  int32_t layer = 1;
+  const coor_data s = get_state_before(layer, 2);
+  EXPECT_EQ(layer, 1);
+  EXPECT_EQ(s.x, 7);
+  EXPECT_EQ(s.y, 8);
+  EXPECT_EQ(s.e, 9);
+  EXPECT_EQ(s.f, 100);
+  EXPECT_EQ(s.e_delta, 0);
+}
+
+TEST_F(State, NextMoveAppliesTheResetsOnTheWay) {
+  load(state_doc);
+  coor_data s;
+  s.e = 42;
+  int32_t layer = 0;
+  EXPECT_EQ(find_next_move(layer, 2, s), 4);
+  EXPECT_EQ(layer, 0);
+  EXPECT_EQ(s.e, 0);
+
+  layer = 0;
+  EXPECT_EQ(find_next_move(layer, 5, s), 0);
+  EXPECT_EQ(layer, 1);
+
+  layer = 1;
+  EXPECT_EQ(find_next_move(layer, 3, s), -1);
+  EXPECT_EQ(layer, 2);
+}
+
+using ShiftE = EditingTest;
+
+TEST_F(ShiftE, CarriesAcrossLayersUpToTheFirstResetOfE) {
+  load("G1 X1 E1\nG1 X2 E2\n"
+       "G1 X3 Z0.2 E3\nG92 X0\nG1 X1 E4\nM117 hi\n"
+       "G1 X2 Z0.4 E5\nG92 E0\nG1 X3 E1\n");
+  shift_e_after(0, 2, 1e-11);
+  EXPECT_EQ(at(0, 2).e, 2);
+
+  shift_e_after(0, 2, 0.5);
+  EXPECT_EQ(at(0, 1).e, 1);
+  EXPECT_EQ(at(0, 2).e, 2.5);
+  EXPECT_EQ(at(1, 0).e, 3.5);
+  EXPECT_EQ(at(1, 1).x, 0);  // a reset of X only does not stop the walk
+  EXPECT_EQ(at(1, 1).e, no_value);
+  EXPECT_EQ(at(1, 2).e, 4.5);
+  EXPECT_EQ(at(2, 0).e, 5.5);
+  EXPECT_EQ(at(2, 1).e, 0);
+  EXPECT_EQ(at(2, 2).e, 1);
+  EXPECT_EQ(at(0, 2).e_delta, 1);  // only e moves
+}
+
+using Slots = EditingTest;
+
+TEST_F(Slots, InsertingIntoAFullLayerGrowsItAndSplitsTheSelection) {
+  // Layer slots keep their arrays from one document to the next: fill the
+  // one that layer 0 has.
+  load("");
+  const int32_t capacity = doc.layer(0).g_capacity();
+  std::string gcode;
+  for (int i = 1; i < capacity; ++i) gcode += "G1 X" + std::to_string(i) + " E" + std::to_string(i) + "\n";
+  load(gcode);
+  ASSERT_EQ(doc.layer(0).g_count, capacity);
+  ASSERT_EQ(doc.layer(0).g_capacity(), capacity);
+  mark({5});
+  const int32_t new_index = doc.coor_list_count;
+  const int32_t displaced = doc.layer(0).g[5].index;
+
+  insert_record_before(0, 5);
+
+  const layer_data& layer = doc.layer(0);
+  EXPECT_EQ(layer.g_capacity(), capacity + 1000);
+  EXPECT_EQ(layer.g_count, capacity + 1);
+  EXPECT_EQ(layer.coor_count, capacity + 1);
+  EXPECT_EQ(layer.g[5].index, new_index);
+  EXPECT_EQ(layer.g[5].kind, line_kind::g1);
+  EXPECT_EQ(layer.g[6].index, displaced);
+  EXPECT_EQ(doc.coor_list_count, new_index + 1);
+  ASSERT_EQ(lists.data_selected.size(), static_cast<size_t>(capacity + 1));
+  EXPECT_EQ(lists.data_selected[5], 1);
+  EXPECT_EQ(lists.select_flag[5], 1);
+  EXPECT_EQ(lists.select_flag[6], 1);
+  ASSERT_EQ(lists.row_to_g.size(), static_cast<size_t>(capacity + 1));
+  EXPECT_EQ(lists.row_to_g[5], 5);
+  EXPECT_EQ(lists.row_to_g[6], 6);
+  EXPECT_EQ(lists.row_to_g.back(), capacity);
+  EXPECT_EQ(lists.select_line[5], 1);
+  EXPECT_EQ(lists.select_line[6], 1);
+  EXPECT_EQ(lists.select_line[7], 0);
+}
+
+TEST_F(Slots, TheNewRecordTakesTheKindItDisplaces) {
+  load("G1 X3 E3\nG0 X9\n");
+  insert_record_before(0, 2);
+  EXPECT_EQ(kind(0, 2), line_kind::g0);
+  EXPECT_EQ(kind(0, 3), line_kind::g0);
+}
+
+TEST_F(Slots, ARecordInsertedBeforeAnOffViewMoveIsStillListed) {
+  load("G1 X3 E3\nM117\nG1 X6 E6\n");
+  on_view({0, 1, 2});
+  insert_record_before(0, 3);
+  EXPECT_EQ(lists.row_to_g, (std::vector<int32_t>{0, 1, 3}));
+  EXPECT_EQ(lists.data_selected, (std::vector<uint8_t>{1, 1, 1, 1, 0}));
+}
+
+TEST_F(Slots, DeletingRenumbersTheSelectionList) {
+  load("G1 X1 E1\nG1 X2 E2\nM117\nG1 X3 E3\n");
+  mark({2, 4});
+  delete_record(0, 2);
+  EXPECT_EQ(doc.layer(0).g_count, 4);
+  EXPECT_EQ(doc.layer(0).coor_count, 3);
+  EXPECT_EQ(lists.row_to_g, (std::vector<int32_t>{0, 1, 3}));
+  EXPECT_EQ(lists.select_line, (std::vector<uint8_t>{0, 0, 1}));
+  EXPECT_EQ(lists.select_flag, (std::vector<uint8_t>{0, 0, 0, 1}));
+  EXPECT_EQ(lists.data_selected.size(), 4u);
+
+  delete_record(0, 2);  // the text line: no move less
+  EXPECT_EQ(doc.layer(0).coor_count, 3);
+  EXPECT_EQ(lists.row_to_g, (std::vector<int32_t>{0, 1, 2}));
+}
+
+TEST(Geometry, SegmentDistanceClampsToTheEnds) {
+  EXPECT_EQ(seg_dist_sq(0, 0, 10, 0, 5, 3), 9);
+  EXPECT_EQ(seg_dist_sq(0, 0, 10, 0, -4, 3), 25);
+  EXPECT_EQ(seg_dist_sq(0, 0, 10, 0, 13, 4), 25);
+  EXPECT_EQ(seg_dist_sq(1, 1, 1, 1, 4, 5), 25);
+  EXPECT_EQ(dist3_sq(1, 2, 3, 2, 4, 6), 14);
+}
+
+TEST(Geometry, RectanglesIncludeTheirEdges) {
+  double x1 = 5, y1 = 6, x2 = 1, y2 = 2;
+  normalize_rect(x1, y1, x2, y2);
+  EXPECT_EQ((std::vector<double>{x1, y1, x2, y2}), (std::vector<double>{1, 2, 5, 6}));
+  x1 = 1, y1 = 6, x2 = 5, y2 = 2;
+  normalize_rect(x1, y1, x2, y2);
+  EXPECT_EQ((std::vector<double>{x1, y1, x2, y2}), (std::vector<double>{1, 2, 5, 6}));
+  EXPECT_TRUE(point_in_rect(1, 2, 1, 2, 5, 6));
+  EXPECT_TRUE(point_in_rect(5, 6, 1, 2, 5, 6));
+  EXPECT_FALSE(point_in_rect(5.0000001, 3, 1, 2, 5, 6));
+}
+
+using SelfCheck = EditingTest;
+
+TEST_F(SelfCheck, AWrongLengthIsReportedAndTheEditGoesOn) {
+  load("G1 X3 Y0 E3\nG1 X3 Y4 E7\n");
+  mark({2});
+  EXPECT_TRUE(move_marked(1, 0, 0));
+  EXPECT_EQ(debug_messages(), 0);
+
+  at(0, 2).d_delta += 1;
+  EXPECT_TRUE(move_marked(1, 0, 0));
+  ASSERT_EQ(ui->messages.size(), 1u);
+  EXPECT_EQ(ui->messages[0].text,
+            "for debug purpose: d_delta is not tally at layer_list(0).g(2) please report to the developer");
+  EXPECT_EQ(ui->messages[0].icon, MsgIcon::critical);
+  EXPECT_EQ(at(0, 2).x, 5);
+}
+
+using TextRecord = EditingTest;
+
+TEST_F(TextRecord, ReplacedOnlyWhenTheTextDiffers) {
+  load("M104 S200 ;heat\nG1 X1 E1\n");
+  EXPECT_FALSE(ReplaceTextCommand(1, "M104 S200 ;heat"));
+  EXPECT_FALSE(doc.modified);
+  EXPECT_TRUE(ReplaceTextCommand(1, "M104 S210"));
+  EXPECT_TRUE(doc.modified);
+  EXPECT_EQ(saved(), "M104 S210\r\nG1 X1 E1\r\n");
+}

@@ -1,0 +1,297 @@
+// Moving marked vertices, picking, rubber-band marking, feedrate and kind
+// changes.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "editing/commands.h"
+#include "tests/editing_fixture.h"
+#include "view/world_view.h"
+
+using namespace korvexed;
+using korvexed::testing::EditingTest;
+
+namespace {
+
+// Records 1 to 4 of layer 0: (0,0), then 3 mm extruding moves along X
+// with one unit of E per millimetre.
+const char* const straight_doc = "G1 X0 Y0 F1200\nG1 X3 Y0 E3\nG1 X6 Y0 E6\nG1 X9 Y0 E9\n";
+
+// A view at two pixels per millimetre with the origin at pixel (0, 0):
+// the pick radius is 2.5 mm.
+class PickTest : public EditingTest {
+ protected:
+  PickTest() : saved_view_(view) {
+    view.view_scale = 2;
+    view.view_offset_x = view.view_offset_y = 0;
+  }
+  ~PickTest() override { view = saved_view_; }
+
+ private:
+  WorldView saved_view_;
+};
+
+}  // namespace
+
+using Move = EditingTest;
+
+TEST_F(Move, NegligibleOffsetsChangeNothing) {
+  load(straight_doc);
+  mark({2, 3});
+  EXPECT_FALSE(move_marked(0, 1e-11, 0));
+  EXPECT_EQ(at(0, 2).x, 3);
+  EXPECT_EQ(at(0, 2).e_delta, 3);
+}
+
+TEST_F(Move, KeepsTheExtrusionPerMillimetreOfBothSegments) {
+  load(straight_doc);
+  mark({3});
+  EXPECT_TRUE(move_marked(0, 4, 0));
+  EXPECT_EQ(at(0, 3).x, 6);
+  EXPECT_EQ(at(0, 3).y, 4);
+  EXPECT_EQ(at(0, 3).d_delta, 25);
+  EXPECT_DOUBLE_EQ(at(0, 3).e_delta, 5);
+  EXPECT_DOUBLE_EQ(at(0, 3).e, 8);
+  EXPECT_EQ(at(0, 4).d_delta, 25);
+  EXPECT_DOUBLE_EQ(at(0, 4).e_delta, 5);
+  EXPECT_DOUBLE_EQ(at(0, 4).e, 13);
+  EXPECT_EQ(at(0, 2).e, 3);
+  EXPECT_EQ(at(0, 3).f, 1200);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, ATypedExtrusionChangeIsScaledWithTheSegment) {
+  load(straight_doc);
+  mark({4});
+  EXPECT_TRUE(move_marked(3, 0, 1));
+  // (3 + 1) * sqrt(36 / 9); the last vertex of the document has no next move.
+  EXPECT_DOUBLE_EQ(at(0, 4).e_delta, 8);
+  EXPECT_DOUBLE_EQ(at(0, 4).e, 14);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, ConsecutiveVerticesEndWithTheirSharedSegmentFromBothNewPlaces) {
+  load(straight_doc);
+  mark({2, 3});
+  EXPECT_TRUE(move_marked(0, 1, 0));
+  EXPECT_EQ(at(0, 3).d_delta, 9);
+  EXPECT_NEAR(at(0, 3).e_delta, 3, 1e-12);
+  EXPECT_DOUBLE_EQ(at(0, 4).d_delta, 10);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, ADegenerateSegmentKeepsItsExtrusionUnscaledForGood) {
+  load(straight_doc);
+  mark({3});
+  EXPECT_TRUE(move_marked(-3, 0, 0));  // onto its predecessor
+  EXPECT_TRUE(at(0, 3).no_extrude);
+  EXPECT_EQ(at(0, 3).d_delta, 0);
+  const double kept = at(0, 3).e_delta;
+  EXPECT_DOUBLE_EQ(at(0, 4).e_delta, 6);
+
+  EXPECT_TRUE(move_marked(3, 0, 0));
+  EXPECT_TRUE(at(0, 3).no_extrude);
+  EXPECT_EQ(at(0, 3).e_delta, kept);
+  EXPECT_EQ(at(0, 3).d_delta, 9);
+  EXPECT_DOUBLE_EQ(at(0, 4).e_delta, 3);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, ALoadedZeroLengthMoveKeepsItsExtrusion) {
+  load("G1 X3 Y0 E3\nG1 X3 Y0 E4\nG1 X6 Y0 E7\n");
+  ASSERT_TRUE(at(0, 2).no_extrude);
+  mark({1});
+  EXPECT_TRUE(move_marked(0, 1, 0));
+  EXPECT_EQ(at(0, 2).e_delta, 1);
+  EXPECT_EQ(at(0, 2).d_delta, 1);
+  EXPECT_DOUBLE_EQ(at(0, 2).e, at(0, 1).e + 1);
+  EXPECT_CONSISTENT();
+
+  mark({2});
+  EXPECT_TRUE(move_marked(1, 0, 0));
+  EXPECT_EQ(at(0, 2).e_delta, 1);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, TheNextMoveAfterAnEResetCountsFromTheReset) {
+  load("G1 X0 Y0\nG1 X3 Y0 E3\nG92 E0\nG1 X6 Y0 E3\nG1 X9 Y0 E6\nG92 E0\nG1 X12 Y0 E3\n");
+  mark({2});
+  EXPECT_TRUE(move_marked(0, 4, 0));
+  EXPECT_DOUBLE_EQ(at(0, 2).e, 5);
+  EXPECT_DOUBLE_EQ(at(0, 4).e_delta, 5);
+  EXPECT_DOUBLE_EQ(at(0, 4).e, 5);
+  EXPECT_DOUBLE_EQ(at(0, 5).e, 8);
+  EXPECT_EQ(at(0, 7).e, 3);  // beyond the next reset nothing changes
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, TheNextMoveAfterAPositionResetStartsThere) {
+  load("G1 X3 Y0 E3\nG92 X0\nG1 X3 Y0 E6\n");
+  mark({1});
+  EXPECT_TRUE(move_marked(0, 4, 0));
+  EXPECT_EQ(at(0, 3).d_delta, 25);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, ECarriesIntoLaterLayersUpToTheFirstReset) {
+  load("G1 X0 Y0\nG1 X3 Y0 E3\n"
+       "G1 X3 Y0 Z0.5 E4\nG1 X6 Y0 E7\n"
+       "G1 X6 Y0 Z1 E8\nG92 E0\nG1 X9 Y0 E3\n");
+  mark({2});
+  EXPECT_TRUE(move_marked(0, 4, 0));
+  // The first move of layer 1 climbs 0.5 from the moved vertex.
+  EXPECT_DOUBLE_EQ(at(1, 0).d_delta, 16.25);
+  EXPECT_DOUBLE_EQ(at(1, 0).e_delta, std::sqrt(65.0));
+  const double delta = at(1, 0).e - 4;
+  EXPECT_DOUBLE_EQ(at(1, 1).e, 7 + delta);
+  EXPECT_DOUBLE_EQ(at(2, 0).e, 8 + delta);
+  EXPECT_EQ(at(2, 2).e, 3);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Move, SeveralVerticesAtOnceEqualOneByOneToTheBit) {
+  // E runs on through every layer: each vertex's change reaches the end.
+  std::string gcode;
+  for (int l = 1; l <= 4; ++l) {
+    gcode += "G1 X0 Y0 Z" + std::to_string(l) + "\n";
+    for (int i = 1; i <= 6; ++i)
+      gcode += "G1 X" + std::to_string(i * 3 % 7) + " Y" + std::to_string(i) + " E" + std::to_string(l * 10 + i) +
+               ".37\n";
+  }
+  const auto e_values = [] {
+    std::vector<double> all;
+    for (int32_t l = 0; l < doc.layer_count; ++l)
+      for (int32_t r = 0; r < doc.layer(l).g_count; ++r) all.push_back(at(l, r).e);
+    return all;
+  };
+  load(gcode);
+  ShowSingleLayer(2);
+  for (const int32_t r : {1, 3, 4, 6}) {
+    mark({r});
+    move_marked(0.3, -0.7, 0.01);
+  }
+  const std::vector<double> one_by_one = e_values();
+
+  load(gcode);
+  ShowSingleLayer(2);
+  mark({1, 3, 4, 6});
+  move_marked(0.3, -0.7, 0.01);
+  EXPECT_EQ(e_values(), one_by_one);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(PickTest, NearestVertexWithinFivePixels) {
+  load(straight_doc);
+  EXPECT_EQ(pick_vertex_world(5.9, 0.1, false), 3);
+  EXPECT_EQ(pick_vertex_world(8.4, 0, false), 4);
+  EXPECT_EQ(pick_vertex_world(11.5, 0, false), -1);  // exactly 5 pixels away
+  EXPECT_EQ(pick_vertex_world(4.5, 0, false), 2);    // a tie goes to the earlier one
+  EXPECT_EQ(pick_vertex(12, 0, false), 3);
+}
+
+TEST_F(PickTest, MarkedOnlyIgnoresNearerUnmarkedVertices) {
+  load(straight_doc);
+  mark({4});
+  EXPECT_EQ(pick_vertex_world(7.4, 0, false), 3);
+  EXPECT_EQ(pick_vertex_world(7.4, 0, true), 4);
+}
+
+TEST_F(PickTest, SegmentsOnViewOnly) {
+  load(straight_doc);
+  double sx = -1, sy = -1;
+  EXPECT_EQ(pick_segment_world(4.5, 1, sx, sy), 3);
+  EXPECT_EQ(sx, 3);
+  EXPECT_EQ(sy, 0);
+  on_view({0, 1, 2, 4});
+  EXPECT_EQ(pick_segment_world(4.5, 1, sx, sy), 2);
+  EXPECT_EQ(sx, 0);
+  EXPECT_EQ(pick_segment(9, 2, sx, sy), 2);
+}
+
+TEST_F(PickTest, APositionResetMovesTheSegmentStart) {
+  load("G1 X3 Y0 E3\nG92 X20\nG1 X24 Y0 E6\n");
+  double sx = -1, sy = -1;
+  EXPECT_EQ(pick_segment_world(22, 0.5, sx, sy), 3);
+  EXPECT_EQ(sx, 20);
+}
+
+using Mark = EditingTest;
+
+TEST_F(Mark, KeysDecideHowTheRectangleMarks) {
+  load(straight_doc);
+  auto marks = [] { return std::vector<uint8_t>(lists.select_flag.begin() + 1, lists.select_flag.end()); };
+  using F = std::vector<uint8_t>;
+
+  mark({4});
+  EXPECT_TRUE(mark_in_rect_world(2, -1, 6, 1));  // edges count as inside
+  EXPECT_EQ(marks(), (F{0, 1, 1, 0}));
+
+  mark({4});
+  ui->modifiers.shift = true;
+  mark_in_rect_world(2, -1, 6, 1);
+  EXPECT_EQ(marks(), (F{0, 1, 1, 1}));
+
+  mark({3, 4});
+  ui->modifiers = {.shift = false, .ctrl = true, .alt = false};
+  mark_in_rect_world(6, 1, 2, -1);
+  EXPECT_EQ(marks(), (F{0, 1, 0, 1}));
+
+  mark({2, 4});
+  ui->modifiers = {.shift = false, .ctrl = false, .alt = true};
+  mark_in_rect_world(2, -1, 6, 1);
+  EXPECT_EQ(marks(), (F{0, 0, 0, 1}));
+
+  mark({3});
+  ui->modifiers = {.shift = false, .ctrl = true, .alt = true};
+  mark_in_rect_world(2, -1, 6, 1);
+  EXPECT_EQ(marks(), (F{0, 1, 0, 0}));
+}
+
+TEST_F(PickTest, RectangleCornersArePixels) {
+  load(straight_doc);
+  EXPECT_TRUE(mark_in_rect(4, -2, 12, 2));
+  EXPECT_EQ(lists.select_flag, (std::vector<uint8_t>{0, 0, 1, 1, 0}));
+}
+
+using Feedrate = EditingTest;
+
+TEST_F(Feedrate, OldZeroOrBelowChangesEveryMarkedVertex) {
+  load("G1 X1 E1 F1200\nG1 X2 E2 F1800\nG1 X3 E3 F1800\n");
+  mark({1, 2});
+  EXPECT_TRUE(ChangeFeedrateCommand(0, 3000));
+  EXPECT_EQ(at(0, 1).f, 3000);
+  EXPECT_EQ(at(0, 2).f, 3000);
+  EXPECT_EQ(at(0, 3).f, 1800);
+  EXPECT_TRUE(doc.modified);
+  EXPECT_EQ(change_feedrate(-5, 100), 2);
+}
+
+TEST_F(Feedrate, AGivenOldFeedrateChangesOnlyExactMatches) {
+  load("G1 X1 E1 F1200\nG1 X2 E2 F1800\nG1 X3 E3 F1800\n");
+  mark({1, 2, 3});
+  EXPECT_EQ(change_feedrate(1800, 900), 2);
+  EXPECT_EQ(at(0, 1).f, 1200);
+  EXPECT_EQ(at(0, 3).f, 900);
+}
+
+TEST_F(Feedrate, ChecksComeFirstAndChangeNothing) {
+  load("G1 X1 E1 F1200\n");
+  mark({1});
+  EXPECT_FALSE(ChangeFeedrateCommand(0, 0.5));
+  EXPECT_EQ(last_message(), "Feedrate is too small. Please enter greater than 1");
+  EXPECT_FALSE(ChangeFeedrateCommand(1200, 1200));
+  EXPECT_EQ(last_message(), "No feedrate change is required.");
+  EXPECT_EQ(ui->messages.back().icon, MsgIcon::information);
+  EXPECT_FALSE(ChangeFeedrateCommand(1800, 900));  // no record has 1800
+  EXPECT_EQ(at(0, 1).f, 1200);
+  EXPECT_FALSE(doc.modified);
+}
+
+TEST_F(Feedrate, KindOfMarkedVertices) {
+  load("G1 X1 E1\nG0 X2\nG1 X3 E3\n");
+  mark({1, 2});
+  EXPECT_EQ(set_marked_kind(line_kind::g0), 1);
+  EXPECT_EQ(kind(0, 1), line_kind::g0);
+  EXPECT_EQ(kind(0, 3), line_kind::g1);
+  EXPECT_EQ(set_marked_kind(line_kind::g0), 0);
+}
