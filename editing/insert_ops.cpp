@@ -38,11 +38,7 @@ void insert_point(int32_t r, double x, double y) {
   }
   q.e = p.e + q.e_delta;
   set_move_length(q, a);
-  const double e = q.e + m.e_delta;
-  const double delta = e - m.e;
-  m.e = e;
-  set_move_length(m, b);
-  shift_e_after(cur, r + 1, delta);
+  settle_move(m, q.e, b, cur, r);
   insert_record_before(cur, r);
   doc.coor(cur, r + 1) = m;
   doc.coor(cur, r) = q;

@@ -119,7 +119,11 @@ void rederive_move(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r
   coor_data& m = doc.coor(layer, r);
   const double l2 = dist3_sq(p.x, p.y, layer_z(p_layer), m.x, m.y, layer_z(layer));
   keep_extrusion_rate(m, l2);
-  const double e = p.e + m.e_delta;
+  settle_move(m, p.e, l2, layer, r);
+}
+
+void settle_move(coor_data& m, double e_before, double l2, int32_t layer, int32_t r) {
+  const double e = e_before + m.e_delta;
   const double delta = e - m.e;
   m.e = e;
   set_move_length(m, l2);

@@ -18,6 +18,10 @@ inline void set_move_length(coor_data& m, double l2) {
   if (l2 <= negligible) m.no_extrude = true;
 }
 
+// Gives move m, record r of `layer`, the E of the state before it plus its
+// own extrusion and the new length, and carries the change of its E on.
+void settle_move(coor_data& m, double e_before, double l2, int32_t layer, int32_t r);
+
 inline double layer_z(int32_t layer) { return doc.layer(layer).z; }
 
 }  // namespace korvexed
