@@ -205,35 +205,46 @@ bool fifth_decimal_units(double value, long long& units) {
 
 }  // namespace
 
-void AppendNumber(std::string& out, double value, bool to_period) {
+char* WriteNumber(char* out, double value, bool to_period) {
   const char point = doc.decimal_comma && !to_period ? ',' : '.';
-  char buf[400];
-  char* end = buf;
+  char* const start = out;
   long long units = 0;
   if (fifth_decimal_units(value, units)) {
+    if (units == 0) {
+      *out = '0';  // never "-0"
+      return out + 1;
+    }
     if (units < 0) {
-      *end++ = '-';
+      *out++ = '-';
       units = -units;
     }
-    end = std::to_chars(end, buf + sizeof buf, units / 100000).ptr;
+    out = std::to_chars(out, out + max_number_chars, units / 100000).ptr;
     long long decimals = units % 100000;
     if (decimals) {
       int width = 5;
       for (; decimals % 10 == 0; decimals /= 10) --width;
-      *end++ = point;
-      for (int d = width - 1; d >= 0; --d, decimals /= 10) end[d] = static_cast<char>('0' + decimals % 10);
-      end += width;
+      *out++ = point;
+      for (int d = width - 1; d >= 0; --d, decimals /= 10) out[d] = static_cast<char>('0' + decimals % 10);
+      out += width;
     }
-  } else {
-    end = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::fixed, 5).ptr;
-    if (char* dot = static_cast<char*>(std::memchr(buf, '.', static_cast<size_t>(end - buf)))) {
-      while (end[-1] == '0') --end;
-      if (end[-1] == '.') --end;
-      else *dot = point;
-    }
+    return out;
   }
-  const std::string_view text(buf, static_cast<size_t>(end - buf));
-  out.append(text == "-0" ? "0" : text);
+  out = std::to_chars(out, start + max_number_chars, value, std::chars_format::fixed, 5).ptr;
+  if (char* dot = static_cast<char*>(std::memchr(start, '.', static_cast<size_t>(out - start)))) {
+    while (out[-1] == '0') --out;
+    if (out[-1] == '.') --out;
+    else *dot = point;
+  }
+  if (std::string_view(start, static_cast<size_t>(out - start)) == "-0") {
+    *start = '0';
+    out = start + 1;
+  }
+  return out;
+}
+
+void AppendNumber(std::string& out, double value, bool to_period) {
+  char buf[max_number_chars];
+  out.append(buf, WriteNumber(buf, value, to_period));
 }
 
 std::string FormatNumber(double value, bool to_period) {

@@ -48,8 +48,11 @@ bool DetectDecimalComma();
 // trailing separator dropped, never "-0". The separator is "," when
 // doc.decimal_comma is set and `to_period` is false.
 std::string FormatNumber(double value, bool to_period);
-// The same text appended to `out` (the writer's fast path).
+// The same text appended to `out`, or written at `out` (room for
+// max_number_chars) returning its end: the writer's fast paths.
 void AppendNumber(std::string& out, double value, bool to_period);
+inline constexpr size_t max_number_chars = 400;  // "%.5f" of the largest double
+char* WriteNumber(char* out, double value, bool to_period);
 
 // The value rounded to five decimals, for comparing written values.
 double RoundTo5(double value);

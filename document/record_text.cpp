@@ -15,12 +15,17 @@ std::string_view CoordinateHead(line_kind kind) {
 }
 
 void AppendFields(std::string& out, const coor_data& c, bool to_period) {
-  const std::pair<std::string_view, double> fields[] = {{" X", c.x}, {" Y", c.y}, {" E", c.e}, {" F", c.f}};
+  // Built on the stack and appended once: this runs for every move saved.
+  char buf[4 * (2 + max_number_chars)];
+  char* end = buf;
+  const std::pair<char, double> fields[] = {{'X', c.x}, {'Y', c.y}, {'E', c.e}, {'F', c.f}};
   for (const auto& [key, value] : fields) {
     if (value == no_value) continue;
-    out += key;
-    AppendNumber(out, value, to_period);
+    *end++ = ' ';
+    *end++ = key;
+    end = WriteNumber(end, value, to_period);
   }
+  out.append(buf, end);
 }
 
 std::string RecordText(const g_entry& entry, int32_t number, bool numbered, bool to_period, bool no_comment) {
