@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 #include "app/command_line.h"
-#include "app/document_summary.h"
+#include "document/document_summary.h"
 #include "app/layer_table_model.h"
 #include "app/program_title.h"
 #include "document/korvexed_file.h"
@@ -36,9 +36,10 @@ QString SummaryText(const DocumentSummary& s) {
                      .arg(s.records)
                      .arg(s.moves)
                      .arg(s.tagged ? QStringLiteral("yes") : QStringLiteral("no"));
-  if (!s.printed) return text + QStringLiteral("Nothing printed");
+  const Extent& p = s.printed;
+  if (p.empty) return text + QStringLiteral("Nothing printed");
   return text + QStringLiteral("Printed X: %1 to %2 mm\nPrinted Y: %3 to %4 mm")
-                    .arg(Number(s.x_min), Number(s.x_max), Number(s.y_min), Number(s.y_max));
+                    .arg(Number(p.x_min), Number(p.x_max), Number(p.y_min), Number(p.y_max));
 }
 
 }  // namespace

@@ -1,25 +1,21 @@
-#include "app/document_summary.h"
+#include "document/document_summary.h"
 
 #include <algorithm>
 
 namespace korvexed {
 
-namespace {
-
-void Include(DocumentSummary& s, double x, double y) {
-  if (!s.printed) {
-    s.printed = true;
-    s.x_min = s.x_max = x;
-    s.y_min = s.y_max = y;
+void Extent::add(double x, double y) {
+  if (empty) {
+    empty = false;
+    x_min = x_max = x;
+    y_min = y_max = y;
     return;
   }
-  s.x_min = std::min(s.x_min, x);
-  s.x_max = std::max(s.x_max, x);
-  s.y_min = std::min(s.y_min, y);
-  s.y_max = std::max(s.y_max, y);
+  x_min = std::min(x_min, x);
+  x_max = std::max(x_max, x);
+  y_min = std::min(y_min, y);
+  y_max = std::max(y_max, y);
 }
-
-}  // namespace
 
 DocumentSummary SummarizeDocument(const Document& document) {
   DocumentSummary s;
@@ -30,13 +26,17 @@ DocumentSummary SummarizeDocument(const Document& document) {
     const layer_data& layer = document.layer_list[static_cast<size_t>(l)];
     s.records += layer.g_count;
     s.moves += layer.coor_count;
+    s.z_max = std::max(s.z_max, layer.z);
     for (int32_t i = 0; i < layer.g_count; ++i) {
       const g_entry& entry = layer.g[static_cast<size_t>(i)];
+      s.g92 += entry.kind == line_kind::g92;
+      s.text += entry.kind == line_kind::text;
       if (!is_move(entry.kind)) continue;
       const coor_data& move = document.coor_list[entry.index];
+      if (l > 0 || i > 0) s.moved.add(move.x, move.y);
       if (!move.no_extrude) {
-        Include(s, x, y);
-        Include(s, move.x, move.y);
+        s.printed.add(x, y);
+        s.printed.add(move.x, move.y);
       }
       x = move.x;
       y = move.y;
