@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdio>
-#include <cstdlib>
 
 #include "document/document.h"
 #include "platform/platform.h"
@@ -20,10 +18,11 @@ size_t at(int32_t i) { return static_cast<size_t>(i); }
 // exponent and without trailing zeros.
 std::string plain_number(double v) {
   char rounded[32];
-  std::snprintf(rounded, sizeof rounded, "%.15g", v);
+  const char* rounded_end = std::to_chars(rounded, rounded + sizeof rounded, v, std::chars_format::general, 15).ptr;
+  std::from_chars(rounded, rounded_end, v);
   char text[400];
-  const auto end = std::to_chars(text, text + sizeof text, std::strtod(rounded, nullptr), std::chars_format::fixed).ptr;
-  return std::string(text, end);
+  const char* end = std::to_chars(text, text + sizeof text, v, std::chars_format::fixed).ptr;
+  return std::string(text, static_cast<size_t>(end - text));
 }
 
 // A row inserted before `row` moves a caret at or after it one line on.
