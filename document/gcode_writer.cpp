@@ -4,13 +4,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "document/korvexed_file.h"
 #include "document/korvexed_general.h"
+#include "document/open_error.h"
 #include "document/record_text.h"
 #include "platform/platform.h"
 
@@ -193,16 +193,11 @@ bool WriteGCode(int fd, uint8_t mode) {
 
 namespace {
 
-void show_open_error(const std::string& path, int error) {
-  platform().message_box("Unable to open " + path + "\r\nError " + std::to_string(error) + ": " + std::strerror(error),
-                         MsgIcon::exclamation, MsgButtons::ok);
-}
-
 // A device or a pipe cannot be replaced: it is written in place.
 bool save_in_place(const std::string& path, const std::string& target, uint8_t mode) {
   const int fd = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
   if (fd < 0) {
-    show_open_error(path, errno);
+    ShowOpenError(path, errno);
     return false;
   }
   int error = write_document(fd, mode);
@@ -223,12 +218,12 @@ bool SaveGCode(const std::string& path, uint8_t mode) {
   struct stat existing {};
   const bool exists = ::stat(target.c_str(), &existing) == 0;
   if (exists && S_ISDIR(existing.st_mode)) {
-    show_open_error(path, EISDIR);
+    ShowOpenError(path, EISDIR);
     return false;
   }
   if (exists && !S_ISREG(existing.st_mode)) return save_in_place(path, target, mode);
   if (exists && ::access(target.c_str(), W_OK) != 0) {
-    show_open_error(path, errno);
+    ShowOpenError(path, errno);
     return false;
   }
 
@@ -237,7 +232,7 @@ bool SaveGCode(const std::string& path, uint8_t mode) {
   std::string temp = std::string(::dirname(dir_buf.data())) + "/." + ::basename(name_buf.data()) + ".korvexed-XXXXXX";
   const int fd = ::mkstemp(temp.data());
   if (fd < 0) {
-    show_open_error(path, errno);
+    ShowOpenError(path, errno);
     return false;
   }
   int error = ::fchmod(fd, exists ? (existing.st_mode & 07777) : default_file_mode()) == 0 ? 0 : errno;

@@ -5,24 +5,18 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 #include <system_error>
 
 #include "document/korvexed_general.h"
+#include "document/open_error.h"
 #include "document/piece_reader.h"
 #include "platform/platform.h"
 
 namespace korvexed {
 
 namespace {
-
-void show_open_error(const std::string& path, int error) {
-  platform().message_box("Unable to open " + path + "\r\nError " + std::to_string(error) + ": " + std::strerror(error),
-                         MsgIcon::exclamation, MsgButtons::ok);
-}
 
 void read_piece(std::string_view piece, int64_t& n) {
   std::string_view line = piece;
@@ -44,16 +38,21 @@ void read_piece(std::string_view piece, int64_t& n) {
 
 }  // namespace
 
+void ShowOpenError(const std::string& path, int error) {
+  platform().message_box("Unable to open " + path + "\r\nError " + std::to_string(error) + ": " + std::strerror(error),
+                         MsgIcon::exclamation, MsgButtons::ok);
+}
+
 bool LoadGCode(const std::string& path) {
   const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) {
-    show_open_error(path, errno);
+    ShowOpenError(path, errno);
     return false;
   }
   struct stat info {};
   if (::fstat(fd, &info) == 0 && S_ISDIR(info.st_mode)) {
     ::close(fd);
-    show_open_error(path, EISDIR);
+    ShowOpenError(path, EISDIR);
     return false;
   }
 
