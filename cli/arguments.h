@@ -1,13 +1,15 @@
 #pragma once
 // The command line of korvexed-cli, read into one structure.
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvexed::cli {
 
-enum class Command { help, version, info, dump, convert, translate, edit };
+enum class Command { help, version, info, dump, convert, translate, render, edit };
 
 struct Arguments {
   Command command = Command::help;
@@ -18,6 +20,12 @@ struct Arguments {
   bool accept_partial = false;
   bool decimal_comma = false;
   double rotate = 0, dx = 0, dy = 0;
+  // render: the current layer, the other layers on view (ranges A-B, both
+  // ends included; checked against the file once it is read), the size.
+  int32_t layer = 0;
+  std::vector<std::pair<int32_t, int32_t>> with;
+  int32_t width = 800, height = 800;
+  bool travel = true, arrows = true;
 };
 
 // A wrong command line; what() says what is wrong.

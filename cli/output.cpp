@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <functional>
+#include <string>
 
 #include "cli/dump.h"
 #include "document/korvexed_file.h"
@@ -18,9 +20,24 @@ bool IsStandardOutput(const std::string& path) { return path == "-"; }
 
 void ErrorMessage(const std::string& text) { platform().message_box(text, MsgIcon::exclamation, MsgButtons::ok); }
 
-bool DumpFailed(int error) {
-  ErrorMessage(std::string("Error while writing the dump: ") + std::strerror(error));
+bool WriteFailed(const char* what, int error) {
+  ErrorMessage(std::string("Error while writing ") + what + ": " + std::strerror(error));
   return false;
+}
+
+// Writes through `write` to the path or standard output.
+bool WriteThrough(const std::string& path, const char* what, const std::function<bool(std::FILE*)>& write) {
+  if (IsStandardOutput(path)) return (write(stdout) && std::fflush(stdout) == 0) || WriteFailed(what, errno);
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+  if (!file) {
+    const int error = errno;
+    ErrorMessage("Unable to open " + path + "\r\nError " + std::to_string(error) + ": " + std::strerror(error));
+    return false;
+  }
+  const bool written = write(file);
+  const int write_error = errno;
+  const bool closed = std::fclose(file) == 0;
+  return (written && closed) || WriteFailed(what, written ? errno : write_error);
 }
 
 }  // namespace
@@ -32,18 +49,12 @@ bool WriteGCodeTo(const std::string& path, uint8_t mode) {
   return WriteGCode(STDOUT_FILENO, mode);
 }
 
-bool WriteDumpTo(const std::string& path) {
-  if (IsStandardOutput(path)) return WriteDump(stdout) || DumpFailed(errno);
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  if (!file) {
-    const int error = errno;
-    ErrorMessage("Unable to open " + path + "\r\nError " + std::to_string(error) + ": " + std::strerror(error));
-    return false;
-  }
-  const bool dumped = WriteDump(file);
-  const int dump_error = errno;
-  const bool closed = std::fclose(file) == 0;
-  return (dumped && closed) || DumpFailed(dumped ? errno : dump_error);
+bool WriteDumpTo(const std::string& path) { return WriteThrough(path, "the dump", WriteDump); }
+
+bool WriteBytesTo(const std::string& path, const std::string& bytes, const char* what) {
+  return WriteThrough(path, what, [&bytes](std::FILE* out) {
+    return std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
+  });
 }
 
 }  // namespace korvexed::cli

@@ -12,4 +12,7 @@ bool WriteGCodeTo(const std::string& path, uint8_t mode);
 // The dump format.
 bool WriteDumpTo(const std::string& path);
 
+// Any bytes; `what` names them in the message of a failed write.
+bool WriteBytesTo(const std::string& path, const std::string& bytes, const char* what);
+
 }  // namespace korvexed::cli

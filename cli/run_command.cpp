@@ -11,6 +11,7 @@
 #include "cli/info.h"
 #include "cli/numbers.h"
 #include "cli/output.h"
+#include "cli/render.h"
 #include "cli/script.h"
 #include "document/document.h"
 #include "document/korvexed_file.h"
@@ -63,6 +64,8 @@ int Run(const Arguments& args, CliPlatform& platform) {
     case Command::translate:
       TranslateCommand(DialogValue(args.rotate), DialogValue(args.dx), DialogValue(args.dy));
       return Status(WriteGCodeTo(args.out, save_plain));
+    case Command::render:
+      return RenderPicture(args);
     default:
       return RunScript(*script, platform);
   }

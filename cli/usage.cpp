@@ -17,6 +17,11 @@ Commands:
   translate FILE -o OUT [--rotate DEG] [--dx MM] [--dy MM]
                               rotate every move about the origin (degrees,
                               counter-clockwise), then offset it
+  render FILE -o OUT.png [--layer N] [--with LAYERS] [--size WxH]
+                 [--no-travel] [--no-arrows]
+                              the picture of the drawing area after Zoom
+                              Fit: layer N (default 0) current, LAYERS
+                              (such as 0,3-5) on view as other layers
   edit FILE SCRIPT            run an edit script (SCRIPT '-' reads standard
                               input)
 
@@ -25,6 +30,12 @@ Options:
   --tagged            convert to the Cura-style tagged export
   --rotate DEG, --dx MM, --dy MM
                       the Translate values (missing ones are 0)
+  --layer N           render: the current layer
+  --with LAYERS       render: other layers on view, comma-separated
+                      indices and ranges A-B
+  --size WxH          render: the picture's size (default 800x800)
+  --no-travel         render: hide travel moves (Show Movement off)
+  --no-arrows         render: no direction arrows (Show Arrow off)
   --accept-partial    keep partial data when a count limit is reached
                       (otherwise such a file is refused)
   --decimal-comma     read numbers written with a decimal comma

@@ -182,21 +182,13 @@ bool DetectDecimalComma() { return platform().locale_decimal_comma(); }
 
 namespace {
 
-// The nearest integer, halves to even, for magnitudes below 2^52: adding
-// and taking away 2^52 leaves no fraction bits. Much cheaper than
-// nearbyint, which guards the floating-point environment on every call.
-double round_half_even(double x) {
-  constexpr double shift = 0x1p52;
-  return x >= 0 ? (x + shift) - shift : (x - shift) + shift;
-}
-
 // The value in units of the fifth decimal, rounded as printf("%.5f")
 // rounds, when the double product can be trusted: the value is of moderate
 // size and the product is not within its rounding error of a half.
 bool fifth_decimal_units(double value, long long& units) {
   if (!(std::fabs(value) < 1e10)) return false;
   const double scaled = value * 100000.0;
-  const double rounded = round_half_even(scaled);
+  const double rounded = RoundHalfEven(scaled);
   const double distance_to_half = std::fabs(std::fabs(scaled - rounded) - 0.5);
   if (distance_to_half <= std::fabs(scaled) * 0x1p-50 + 0x1p-60) return false;
   units = static_cast<long long>(rounded);
@@ -254,7 +246,7 @@ std::string FormatNumber(double value, bool to_period) {
 }
 
 double RoundTo5(double value) {
-  if (std::fabs(value) < 21474.83647) return round_half_even(value * 100000) / 100000;
+  if (std::fabs(value) < 21474.83647) return RoundHalfEven(value * 100000) / 100000;
   const std::string text = FormatNumber(value, true);
   double result = value;
   std::from_chars(text.data(), text.data() + text.size(), result);

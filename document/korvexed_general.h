@@ -54,6 +54,14 @@ void AppendNumber(std::string& out, double value, bool to_period);
 inline constexpr size_t max_number_chars = 400;  // "%.5f" of the largest double
 char* WriteNumber(char* out, double value, bool to_period);
 
+// The nearest integer, halves to even, for magnitudes below 2^52: adding
+// and taking away 2^52 leaves no fraction bits. Much cheaper than
+// nearbyint, which guards the floating-point environment on every call.
+inline double RoundHalfEven(double x) {
+  constexpr double shift = 0x1p52;
+  return x >= 0 ? (x + shift) - shift : (x - shift) + shift;
+}
+
 // The value rounded to five decimals, for comparing written values.
 double RoundTo5(double value);
 

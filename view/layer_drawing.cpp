@@ -1,0 +1,162 @@
+#include "view/layer_drawing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "document/document.h"
+#include "editing/korvexed_data.h"
+#include "editing/list_state.h"
+#include "view/korvexed_graphic.h"
+#include "view/world_view.h"
+
+namespace korvexed {
+
+namespace {
+
+constexpr int32_t marker_size = 11;
+
+// A point in pixels before rounding, so that a segment reaching far off
+// the bitmap can be cut before its ends are made 32-bit.
+struct PixelPoint {
+  double x, y;
+};
+
+// Ends within this distance are drawn as they round; longer segments are
+// first cut to it, which moves what is seen by far less than a pixel.
+constexpr double guard = 0x1p30;
+
+// Cuts the segment to the guard square (Liang-Barsky); false when nothing
+// of it is left or it is not a number.
+bool CutToGuard(PixelPoint& a, PixelPoint& b) {
+  double t0 = 0, t1 = 1;
+  const double dx = b.x - a.x, dy = b.y - a.y;
+  auto clip = [&](double p, double q) {
+    if (p == 0) return q >= 0;
+    const double t = q / p;
+    if (p < 0) {
+      if (t > t1) return false;
+      t0 = std::max(t0, t);
+    } else {
+      if (t < t0) return false;
+      t1 = std::min(t1, t);
+    }
+    return true;
+  };
+  if (!(clip(-dx, a.x + guard) && clip(dx, guard - a.x) && clip(-dy, a.y + guard) && clip(dy, guard - a.y)))
+    return false;
+  const PixelPoint start = a;
+  if (t1 < 1) b = {start.x + t1 * dx, start.y + t1 * dy};
+  if (t0 > 0) a = {start.x + t0 * dx, start.y + t0 * dy};
+  return true;
+}
+
+bool Inside(const PixelPoint& p) { return std::fabs(p.x) < guard && std::fabs(p.y) < guard; }
+
+PixelPoint Pixel(double x, double y) {
+  return {(view.view_offset_x + x) * view.view_scale, (view.view_offset_y + y) * view.view_scale};
+}
+
+// The walk over one layer's entries.
+class LayerPainter {
+ public:
+  LayerPainter(const PathColours& colours, const PixelPoint& start)
+      : colours_(colours), previous_(start), start_(Round(start)), last_move_(start_) {}
+
+  // A move that is drawn: its line, its arrow, and the dot of the vertex
+  // before it, so that each dot lies on both lines that meet there.
+  void Move(const coor_data& record) {
+    const PixelPoint current = Pixel(record.x, record.y);
+    const Rgb colour = record.e_delta > 0 ? colours_.extrusion : colours_.travel;
+    if (record.e_delta > 0 || draw_settings.show_movement) {
+      int32_t x1, y1, x2, y2;
+      if (Line(previous_, current, colour, x1, y1, x2, y2) && draw_settings.show_arrow)
+        DrawArrow(x1, y1, x2, y2, record.d_delta * view.view_scale * view.view_scale, colour);
+    }
+    if (has_pending_) Dot(pending_);
+    pending_ = Round(current);
+    has_pending_ = true;
+    Advance(current);
+  }
+  // A move whose row is off view: the path goes on from its end.
+  void Skip(const coor_data& record) { Advance(Pixel(record.x, record.y)); }
+  // A position reset: the axes it names.
+  void Reset(const coor_data& record) {
+    if (record.x != no_value) previous_.x = Pixel(record.x, 0).x;
+    if (record.y != no_value) previous_.y = Pixel(0, record.y).y;
+  }
+  void Finish() {
+    if (has_pending_) Dot(pending_);
+    DrawSquare(start_.x, start_.y, marker_size, marker_size, colours_.vertex);
+    DrawSquare(last_move_.x, last_move_.y, marker_size, marker_size, colours_.end_marker);
+  }
+
+ private:
+  struct Rounded {
+    int32_t x, y;
+  };
+
+  static Rounded Round(const PixelPoint& p) { return {RoundPixel(p.x), RoundPixel(p.y)}; }
+
+  void Advance(const PixelPoint& p) {
+    previous_ = p;
+    last_move_ = Round(p);
+  }
+  void Dot(const Rounded& p) { PointBitmap(drawing.picture, p.x, p.y, colours_.vertex); }
+
+  // True when the line reached the bitmap; its drawn ends come back.
+  static bool Line(PixelPoint a, PixelPoint b, Rgb colour, int32_t& x1, int32_t& y1, int32_t& x2, int32_t& y2) {
+    if (!(Inside(a) && Inside(b)) && !CutToGuard(a, b)) return false;
+    x1 = RoundPixel(a.x), y1 = RoundPixel(a.y), x2 = RoundPixel(b.x), y2 = RoundPixel(b.y);
+    return LineBitmap(drawing.picture, x1, y1, x2, y2, colour);
+  }
+
+  const PathColours& colours_;
+  PixelPoint previous_;
+  Rounded start_, last_move_, pending_{};
+  bool has_pending_ = false;
+};
+
+bool AnyRowOnView() {
+  return std::any_of(lists.data_selected.begin(), lists.data_selected.end(), [](uint8_t on) { return on != 0; });
+}
+
+}  // namespace
+
+void DrawLayer(int32_t layer, bool current) {
+  const layer_data& ly = doc.layer(layer);
+  if (current ? !AnyRowOnView() : ly.g_count == 0) return;
+
+  // The path starts where the layers before left the tool.
+  int32_t walked = layer;
+  const coor_data start = get_state_before(walked, -1);
+  LayerPainter painter(current ? palette.current_path : palette.other_path,
+                       Pixel(start.x, start.y));
+  const size_t rows_on_view = lists.data_selected.size();
+  for (int32_t j = 0; j < ly.g_count; ++j) {
+    const g_entry& entry = ly.g[static_cast<size_t>(j)];
+    if (is_move(entry.kind)) {
+      const coor_data& record = doc.coor(entry);
+      if (current && !(static_cast<size_t>(j) < rows_on_view && lists.data_selected[static_cast<size_t>(j)]))
+        painter.Skip(record);
+      else
+        painter.Move(record);
+    } else if (entry.kind == line_kind::g92) {
+      painter.Reset(doc.coor(entry));
+    }
+  }
+  painter.Finish();
+}
+
+void DrawSelectionSquares() {
+  const layer_data& ly = doc.layer(doc.current_layer);
+  const size_t count = std::min(lists.select_flag.size(), static_cast<size_t>(ly.g_count));
+  for (size_t j = 0; j < count; ++j) {
+    if (!lists.select_flag[j] || !is_coordinate(ly.g[j].kind)) continue;
+    const coor_data& record = doc.coor(ly.g[j]);
+    int32_t x, y;
+    WorldToPixel(record.x, record.y, x, y);
+    DrawSquare(x, y, marker_size, marker_size, palette.selected);
+  }
+}
+
+}  // namespace korvexed
