@@ -71,7 +71,8 @@ TEST(CliArguments, TranslateValuesAreNumbersWithAPeriodAndDefaultToZero) {
 
 TEST(CliArguments, WrongCommandLinesAreRefusedWithTheReason) {
   EXPECT_EQ(Error({}), "no command given");
-  EXPECT_EQ(Error({"render", "a.gcode", "-o", "a.png"}), "unknown command 'render'");
+  EXPECT_EQ(Error({"paint", "a.gcode", "-o", "a.png"}), "unknown command 'paint'");
+  EXPECT_EQ(Error({"render", "a.gcode"}), "render needs -o OUT");
   EXPECT_EQ(Error({"info"}), "info needs FILE");
   EXPECT_EQ(Error({"edit", "a.gcode"}), "edit needs FILE and SCRIPT");
   EXPECT_EQ(Error({"info", "a", "b"}), "unexpected argument 'b'");
@@ -85,9 +86,38 @@ TEST(CliArguments, WrongCommandLinesAreRefusedWithTheReason) {
   EXPECT_EQ(Error({"info", "a.gcode", "--accept-partial=yes"}), "option '--accept-partial' takes no value");
 }
 
+TEST(CliArguments, RenderTakesALayerOtherLayersASizeAndSwitches) {
+  const Arguments plain = Parse({"render", "a", "-o", "a.png"});
+  EXPECT_EQ(plain.command, Command::render);
+  EXPECT_EQ(plain.layer, 0);
+  EXPECT_TRUE(plain.with.empty());
+  EXPECT_EQ(plain.width, 800);
+  EXPECT_EQ(plain.height, 800);
+  EXPECT_TRUE(plain.travel);
+  EXPECT_TRUE(plain.arrows);
+
+  const Arguments all = Parse({"render", "a", "-o", "a.png", "--layer", "3", "--with=0,3-5,7", "--size", "640x480",
+                               "--no-travel", "--no-arrows"});
+  EXPECT_EQ(all.layer, 3);
+  EXPECT_EQ(all.with, (std::vector<std::pair<int32_t, int32_t>>{{0, 0}, {3, 5}, {7, 7}}));
+  EXPECT_EQ(all.width, 640);
+  EXPECT_EQ(all.height, 480);
+  EXPECT_FALSE(all.travel);
+  EXPECT_FALSE(all.arrows);
+
+  EXPECT_EQ(Error({"render", "a", "-o", "b", "--layer", "-1"}), "option '--layer': '-1' is not a layer index");
+  EXPECT_EQ(Error({"render", "a", "-o", "b", "--with", "1,,2"}), "option '--with': '' is not a layer index");
+  EXPECT_EQ(Error({"render", "a", "-o", "b", "--with", "5-3"}), "option '--with': the range '5-3' runs backwards");
+  for (const char* size : {"0x10", "10", "10x", "x10", "16385x1", "1.5x2", "10x10x10"})
+    EXPECT_EQ(Error({"render", "a", "-o", "b", "--size", size}),
+              "option '--size': '" + std::string(size) + "' is not WIDTHxHEIGHT with sides from 1 to 16384");
+  EXPECT_EQ(Error({"render", "a", "-o", "b", "--no-travel=1"}), "option '--no-travel' takes no value");
+  EXPECT_EQ(Error({"info", "a", "--layer", "1"}), "info does not take option '--layer'");
+}
+
 TEST(CliArguments, EveryCommandTakesAcceptPartialAndDecimalComma) {
   const std::vector<std::vector<std::string_view>> lines{
-      {"info", "a"}, {"dump", "a"}, {"convert", "a", "-o", "b"}, {"translate", "a", "-o", "b"}, {"edit", "a", "s"}};
+      {"info", "a"}, {"dump", "a"}, {"convert", "a", "-o", "b"}, {"translate", "a", "-o", "b"}, {"render", "a", "-o", "b"}, {"edit", "a", "s"}};
   for (std::vector<std::string_view> words : lines) {
     words.push_back("--accept-partial");
     words.push_back("--decimal-comma");

@@ -1,0 +1,91 @@
+// korvexed-cli render: the PNG it writes, read back pixel by pixel.
+#include <QImage>
+#include <QString>
+#include <string>
+
+#include "cli_runner.h"
+
+namespace {
+
+// Layer 1 at Z0.2: a travel to (20,20), extrusion to (70,20), a G0 travel
+// to (70,70), extrusion to (20,70) and on to (100,100). Layer 2 at Z0.4:
+// one extrusion back to (20,20). Zoom Fit spans 0 to 100 mm: 8 px/mm.
+constexpr std::string_view layers_gcode =
+    "G1 Z0.2 F1200\n"
+    "G1 X20 Y20\n"
+    "G1 X70 Y20 E1\n"
+    "G0 X70 Y70\n"
+    "G1 X20 Y70 E2\n"
+    "G1 X100 Y100 E3\n"
+    "G1 Z0.4\n"
+    "G1 X20 Y20 E4\n";
+
+constexpr QRgb background = qRgb(30, 30, 30), extrusion = qRgb(128, 128, 255), travel = qRgb(255, 128, 0);
+constexpr QRgb other_extrusion = qRgb(64, 64, 128);
+
+class CliRender : public CliTest {
+ protected:
+  void SetUp() override {
+    CliTest::SetUp();
+    Write("in.gcode", layers_gcode);
+  }
+  // Renders with these options added and reads the picture back.
+  QImage Render(std::vector<std::string> options) {
+    std::vector<std::string> args{"render", "in.gcode", "-o", "out.png"};
+    args.insert(args.end(), options.begin(), options.end());
+    const CliResult result = Run(args);
+    EXPECT_EQ(result.status, 0) << result.err;
+    return QImage(QString::fromStdString(Path("out.png")));
+  }
+  // World millimetres to the picture's pixel, rows counted from the top.
+  static QRgb At(const QImage& image, double x, double y) {
+    return image.pixel(static_cast<int>(x * 8), image.height() - 1 - static_cast<int>(y * 8));
+  }
+  static int Count(const QImage& image, QRgb colour) {
+    int n = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) n += image.pixel(x, y) == colour;
+    return n;
+  }
+};
+
+}  // namespace
+
+TEST_F(CliRender, DrawsTheLayerAsTheWindowWouldAfterZoomFit) {
+  const QImage image = Render({"--layer", "1"});
+  ASSERT_EQ(image.size(), QSize(800, 800));
+  EXPECT_EQ(At(image, 45, 20), extrusion);
+  EXPECT_EQ(At(image, 70, 45), travel);
+  EXPECT_EQ(At(image, 45, 70), extrusion);
+  EXPECT_EQ(At(image, 45.5, 45.5), background);  // between the 1 mm grid lines
+  EXPECT_EQ(Count(image, other_extrusion), 0);
+}
+
+TEST_F(CliRender, SwitchesOtherLayersAndSizeChangeThePicture) {
+  const QImage full = Render({"--layer", "1"});
+  EXPECT_EQ(Count(Render({"--layer", "1", "--no-travel"}), travel), 0);
+  EXPECT_LT(Count(Render({"--layer", "1", "--no-arrows"}), extrusion), Count(full, extrusion));
+  EXPECT_GT(Count(Render({"--layer", "1", "--with", "2"}), other_extrusion), 0);
+  // Layer 0 holds only the start line G1 Z0: no path of layer 1 is drawn.
+  EXPECT_EQ(Count(Render({}), extrusion), 0);
+  EXPECT_EQ(Render({"--size", "300x200"}).size(), QSize(300, 200));
+}
+
+TEST_F(CliRender, WritesToStandardOutput) {
+  const CliResult result = Run({"render", "in.gcode", "-o", "-", "--size", "64x48"});
+  EXPECT_EQ(result.status, 0);
+  const QImage image = QImage::fromData(reinterpret_cast<const uchar*>(result.out.data()),
+                                        static_cast<int>(result.out.size()), "PNG");
+  EXPECT_EQ(image.size(), QSize(64, 48));
+}
+
+TEST_F(CliRender, RefusesLayersTheFileDoesNotHaveAndReportsFailedWrites) {
+  const CliResult missing_layer = Run({"render", "in.gcode", "-o", "out.png", "--with", "1-3"});
+  EXPECT_EQ(missing_layer.status, 2);
+  EXPECT_EQ(missing_layer.err, "korvexed-cli: layer 3 does not exist (valid: 0 to 2)\n");
+  EXPECT_FALSE(Exists("out.png"));
+
+  const CliResult unwritable = Run({"render", "in.gcode", "-o", "no/such/dir/out.png"});
+  EXPECT_EQ(unwritable.status, 1);
+  EXPECT_EQ(unwritable.err, "message: Unable to open no/such/dir/out.png Error 2: No such file or directory\n");
+}

@@ -1,0 +1,212 @@
+// The picture, pixel by pixel: grids, axes, path colours, arrows, dots,
+// start and end markers, other layers, rows off view, marked vertices.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+#include "tests/editing_fixture.h"
+#include "view/korvexed_graphic.h"
+#include "view/world_view.h"
+
+using namespace korvexed;
+using korvexed::testing::EditingTest;
+
+namespace {
+
+const PathColours& current = palette.current_path;
+const PathColours& other = palette.other_path;
+
+class RenderingTest : public EditingTest {
+ protected:
+  RenderingTest() {
+    EXPECT_TRUE(CreateDrawing(200, 200));
+    draw_settings = {};
+    SetView(1, 0, 0);
+  }
+
+  // World (x, y) at pixel ((offset_x + x) * scale, (offset_y + y) * scale).
+  static void SetView(double scale, double offset_x, double offset_y) {
+    view.view_scale = scale;
+    view.view_offset_x = offset_x;
+    view.view_offset_y = offset_y;
+    UpdateViewBounds();
+  }
+  static Rgb At(int32_t x, int32_t y) { return PixelAt(drawing.picture, x, y); }
+  static int Count(Rgb colour) {
+    int n = 0;
+    for (int32_t y = 0; y < drawing.picture.height; ++y)
+      for (int32_t x = 0; x < drawing.picture.width; ++x) n += At(x, y) == colour;
+    return n;
+  }
+  static void Blank() { FillBitmap(drawing.picture, palette.background); }
+};
+
+// After the document's G1 Z0 (row 0): a travel from the origin, then, off
+// the 10 mm grid: extrusion right,
+// travel up (G0), extrusion left.
+const char* const square_path = "G1 X23 Y23 F1000\nG1 X83 Y23 E1\nG0 X83 Y83\nG1 X23 Y83 E2\n";
+
+}  // namespace
+
+TEST(Palette, OtherLayersAreAtHalfBrightnessHalvesToEven) {
+  EXPECT_EQ(other.extrusion, RgbT(64, 64, 128));
+  EXPECT_EQ(other.vertex, RgbT(0, 128, 0));
+  EXPECT_EQ(other.travel, RgbT(128, 64, 0));
+  EXPECT_EQ(other.end_marker, RgbT(100, 0, 0));
+}
+
+TEST_F(RenderingTest, GridsAppearOnlyFourPixelsApartOrMore) {
+  SetView(3, 10, 10);  // the origin at pixel (30, 30)
+  ClearPicture();
+  EXPECT_EQ(At(60, 45), palette.grid_10);  // x = 10 mm
+  EXPECT_EQ(At(33, 45), palette.background);  // x = 1 mm: no 1 mm grid at 3 px/mm
+  EXPECT_EQ(At(30, 45), palette.axes);
+  EXPECT_EQ(At(45, 30), palette.axes);
+  EXPECT_EQ(At(45, 0), palette.grid_10);  // y = -10 mm
+
+  SetView(4, 10, 10);
+  ClearPicture();
+  EXPECT_EQ(At(44, 45), palette.grid_1);
+  EXPECT_EQ(At(80, 45), palette.grid_10);
+
+  SetView(1, 50, 50);  // 1 mm grid gone, 100 mm grid on top of the 10 mm one
+  ClearPicture();
+  EXPECT_EQ(At(150, 45), palette.grid_100);
+  EXPECT_EQ(At(140, 45), palette.grid_10);
+  EXPECT_EQ(At(141, 45), palette.background);
+}
+
+TEST_F(RenderingTest, ArrowBarbsAreAQuarterOfTheSegmentUpToFifteenPixels) {
+  struct Case {
+    int32_t length, barb_dx, barb_dy;
+  };
+  // Barbs end at n cos 20 deg back and n sin 20 deg aside, n = length / 4.
+  for (const Case c : {Case{100, 14, 5}, Case{20, 5, 2}, Case{15, 0, 0}}) {
+    Blank();
+    DrawArrow(50, 100, 50 + c.length, 100, static_cast<double>(c.length) * c.length, current.extrusion);
+    const int32_t mx = 50 + c.length / 2;
+    if (c.barb_dx == 0) {
+      EXPECT_EQ(Count(current.extrusion), 0) << c.length;
+      continue;
+    }
+    EXPECT_EQ(At(mx - c.barb_dx, 100 + c.barb_dy), current.extrusion) << c.length;
+    EXPECT_EQ(At(mx - c.barb_dx, 100 - c.barb_dy), current.extrusion) << c.length;
+    for (int32_t y = 0; y < 200; ++y)
+      for (int32_t x = mx + 1; x < 200; ++x) ASSERT_EQ(At(x, y), palette.background) << c.length;
+  }
+}
+
+TEST_F(RenderingTest, ArrowsPointTheWayTheToolMoves) {
+  DrawArrow(100, 40, 100, 140, 100 * 100, current.travel);  // upwards
+  EXPECT_EQ(At(95, 76), current.travel);
+  EXPECT_EQ(At(105, 76), current.travel);
+  Blank();
+  DrawArrow(100, 140, 100, 40, 100 * 100, current.travel);  // downwards
+  EXPECT_EQ(At(95, 104), current.travel);
+  EXPECT_EQ(At(105, 104), current.travel);
+  Blank();
+  DrawArrow(140, 90, 40, 90, 100 * 100, current.travel);  // leftwards
+  EXPECT_EQ(At(104, 95), current.travel);
+  EXPECT_EQ(At(104, 85), current.travel);
+  Blank();
+  DrawArrow(40, 40, 140, 140, 2 * 100 * 100, current.travel);  // up and right
+  EXPECT_EQ(At(76, 84), current.travel);  // 15 px back at 45 +- 20 deg
+  EXPECT_EQ(At(84, 76), current.travel);
+}
+
+TEST_F(RenderingTest, PathColourFollowsExtrusionAndTravelHidesWithoutItsDots) {
+  load(square_path);
+  draw_settings.show_movement = true;
+  RedrawView();
+  EXPECT_EQ(At(53, 23), current.extrusion);
+  EXPECT_EQ(At(83, 53), current.travel);
+  EXPECT_EQ(At(12, 12), current.travel);  // from the origin
+  EXPECT_EQ(At(53, 83), current.extrusion);
+  EXPECT_EQ(At(84, 24), current.vertex);  // dots on top of both lines
+  EXPECT_EQ(At(82, 84), current.vertex);
+  EXPECT_EQ(At(23, 23), current.vertex);
+
+  draw_settings.show_movement = false;
+  RedrawView();
+  EXPECT_EQ(At(83, 53), palette.background);
+  EXPECT_EQ(At(12, 12), palette.background);
+  EXPECT_EQ(Count(current.travel), 0);
+  EXPECT_EQ(At(84, 84), current.vertex);
+  EXPECT_EQ(At(23, 23), current.vertex);
+  EXPECT_EQ(At(53, 23), current.extrusion);
+}
+
+TEST_F(RenderingTest, StartAndEndSquaresMarkWhereTheLayerBeginsAndEnds) {
+  // Layer 1 starts where layer 0 left the tool, far from its own first move.
+  load("G1 X23 Y23 F1000\nG1 X43 Y153 E1\nG1 X153 Y153 Z0.2\nG1 X153 Y33 E2\n");
+  ShowSingleLayer(1);
+  RedrawView();
+  // Green outline 11 x 11 about (43, 153), red one about (153, 33).
+  EXPECT_EQ(At(38, 148), current.vertex);
+  EXPECT_EQ(At(48, 158), current.vertex);
+  EXPECT_EQ(At(38, 158), current.vertex);
+  EXPECT_EQ(At(148, 28), current.end_marker);
+  EXPECT_EQ(At(158, 38), current.end_marker);
+  EXPECT_EQ(At(153, 28), current.end_marker);
+}
+
+TEST_F(RenderingTest, SquaresAreOutlinesCentredOnTheirPixel) {
+  Blank();
+  DrawSquare(100, 100, 11, 11, palette.selected);
+  EXPECT_EQ(Count(palette.selected), 40);
+  EXPECT_EQ(At(95, 95), palette.selected);
+  EXPECT_EQ(At(105, 105), palette.selected);
+  EXPECT_EQ(At(100, 100), palette.background);
+  Blank();
+  DrawSquare(100, 100, 4, 2, palette.selected);  // left 98, bottom 99, right 101, top 100
+  EXPECT_EQ(Count(palette.selected), 8);
+  EXPECT_EQ(At(98, 99), palette.selected);
+  EXPECT_EQ(At(101, 100), palette.selected);
+}
+
+TEST_F(RenderingTest, OtherLayersLieUnderTheCurrentOneAtHalfBrightness) {
+  load("G1 X23 Y23 F1000\nG1 X83 Y23 E1\nG1 X83 Y23 Z0.2\nG1 X83 Y83 E2\n");
+  ShowSingleLayer(1);
+  lists.layer_selected[0] = 1;
+  RedrawView();
+  EXPECT_EQ(At(53, 23), other.extrusion);
+  EXPECT_EQ(At(12, 12), palette.background);  // no travel shown
+  EXPECT_EQ(At(24, 24), other.vertex);
+  EXPECT_EQ(At(83, 53), current.extrusion);
+  // Layer 1 is on top where the two meet.
+  EXPECT_EQ(At(83, 23), current.vertex);
+}
+
+TEST_F(RenderingTest, RowsOffViewHideTheirMovesButMarkedVerticesKeepTheirSquares) {
+  load(square_path);
+  on_view({0, 1, 3, 4});  // row 0 is the document's G1 Z0
+  mark({2});
+  RedrawView();
+  EXPECT_EQ(At(53, 23), palette.background);  // row 2 off view
+  EXPECT_EQ(At(53, 83), current.extrusion);
+  EXPECT_EQ(At(78, 18), palette.selected);  // square about (83, 23)
+  EXPECT_EQ(At(88, 28), palette.selected);
+
+  on_view({});
+  RedrawView();
+  EXPECT_EQ(Count(current.extrusion), 0);
+  EXPECT_EQ(Count(current.vertex), 0);
+}
+
+TEST_F(RenderingTest, MovesFarOutsideTheViewAreCutWhereTheyCrossIt) {
+  load("G1 X-10000000 Y0.0001 F1000\nG1 X10000000 Y0.0001 E1\nG1 X0.0001 Y10000000 E2\n");
+  SetView(max_view_scale, 0.0002, 0.0002);  // 1 mm is half a million pixels
+  RedrawView();
+  // From 5 * 10^12 pixels left to as far right, along row 150.
+  for (int32_t x = 0; x < 200; ++x) ASSERT_EQ(At(x, 150), current.extrusion) << x;
+  EXPECT_EQ(At(0, 151), palette.background);
+}
+
+TEST_F(RenderingTest, NothingOfTheDocumentIsDrawnWhileNoneIsLoaded) {
+  ResetDocument(false);
+  SetView(1, 100, 100);
+  RedrawView();
+  EXPECT_EQ(Count(current.vertex), 0);
+  EXPECT_EQ(Count(current.end_marker), 0);
+}
