@@ -210,3 +210,16 @@ TEST_F(RenderingTest, NothingOfTheDocumentIsDrawnWhileNoneIsLoaded) {
   EXPECT_EQ(Count(current.vertex), 0);
   EXPECT_EQ(Count(current.end_marker), 0);
 }
+
+TEST_F(RenderingTest, AGestureDrawsOverASavedPictureAndRestoreWipesIt) {
+  load(square_path);
+  RedrawView();
+  const std::vector<uint8_t> picture = drawing.picture.pixels;
+  SavePicture();
+  draw_settings.show_arrow = true;
+  DrawSegment(10, 190, 110, 190, palette.selected);
+  EXPECT_EQ(At(60, 190), palette.selected);
+  EXPECT_EQ(At(46, 195), palette.selected);  // its arrow: 15 px barbs at the middle
+  RestorePicture();
+  EXPECT_EQ(drawing.picture.pixels, picture);
+}
