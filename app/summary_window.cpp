@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
+#include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -16,6 +17,10 @@
 #include "app/program_title.h"
 #include "document/korvexed_file.h"
 #include "document/korvexed_general.h"
+#include "editing/list_state.h"
+#include "view/draw_area.h"
+#include "view/korvexed_graphic.h"
+#include "view/world_view.h"
 
 namespace korvexed {
 
@@ -61,28 +66,57 @@ SummaryWindow::SummaryWindow()
   file->addSeparator();
   file->addAction(QStringLiteral("&Quit"), this, &QWidget::close);
 
+  QMenu* view_menu = menuBar()->addMenu(QStringLiteral("&View"));
+  view_menu->addAction(QStringLiteral("&Zoom +"), this, [] { ZoomAboutCentre(1); platform().set_busy(false); });
+  view_menu->addAction(QStringLiteral("Zoom -"), this, [] { ZoomAboutCentre(-1); platform().set_busy(false); });
+  view_menu->addAction(QStringLiteral("Zoom &Fit"), this, [] { ZoomFit(); platform().set_busy(false); });
+  QMenu* setting = menuBar()->addMenu(QStringLiteral("&Setting"));
+
   summary_->setObjectName(QStringLiteral("lblSummary"));
   summary_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* table = new QTableView;
   table->setObjectName(QStringLiteral("tblLayers"));
   table->setModel(layers_);
+  table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table->setSelectionMode(QAbstractItemView::SingleSelection);
   table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   platform_.add_document_control(table);
+  connect(table, &QTableView::clicked, this, [](const QModelIndex& index) {
+    ShowSingleLayer(index.row());
+    RedrawView();
+  });
 
-  auto* central = new QWidget;
-  auto* layout = new QVBoxLayout(central);
+  auto* side = new QWidget;
+  auto* layout = new QVBoxLayout(side);
   layout->addWidget(summary_);
   layout->addWidget(table, 1);
-  setCentralWidget(central);
-  resize(640, 560);
+  auto* area = new DrawArea;
+  auto* splitter = new QSplitter;
+  splitter->addWidget(side);
+  splitter->addWidget(area);
+  // The drawing area takes whatever room the window gains.
+  splitter->setStretchFactor(1, 1);
+  splitter->setSizes({320, 680});
+  setCentralWidget(splitter);
+  resize(1000, 640);
 
   set_platform(&platform_);
   SetCaption();
   ResetDocument(false);
+  SetPictureScreen(area);
+  // The view starts from the area's size, so it waits until there is one.
+  connect(area, &DrawArea::first_sized, this, [](int width, int height) {
+    if (CreateDrawing(width, height)) RedrawView();
+  });
+  AddSetting(setting, QStringLiteral("Show &Movement"), Qt::Key_F7, draw_settings.show_movement);
+  AddSetting(setting, QStringLiteral("Show &Arrow"), Qt::Key_F8, draw_settings.show_arrow);
   ShowDocument();
 }
 
-SummaryWindow::~SummaryWindow() { set_platform(previous_platform_); }
+SummaryWindow::~SummaryWindow() {
+  SetPictureScreen(nullptr);
+  set_platform(previous_platform_);
+}
 
 void SummaryWindow::OpenCommandLine(const std::vector<std::string>& arguments) {
   const std::string path = CommandLineFile(arguments);
@@ -95,6 +129,7 @@ void SummaryWindow::OpenCommandLine(const std::vector<std::string>& arguments) {
 void SummaryWindow::LoadCommand(const std::string& path) {
   BusyPointer busy;
   if (LoadGCode(path)) {
+    FillLayerList();
     doc.file_name = path;
     ShowStatus("Load successful " + doc.file_name, 1);
     doc.modified = false;
@@ -105,6 +140,7 @@ void SummaryWindow::LoadCommand(const std::string& path) {
   }
   SetCaption();
   ShowDocument();
+  RedrawView();
 }
 
 void SummaryWindow::closeEvent(QCloseEvent* event) {
@@ -163,6 +199,17 @@ void SummaryWindow::SetCaption() {
 void SummaryWindow::ShowDocument() {
   summary_->setText(IsDocumentLoaded() ? SummaryText(SummarizeDocument(doc)) : QStringLiteral("No document loaded."));
   layers_->Reload();
+}
+
+void SummaryWindow::AddSetting(QMenu* menu, const QString& text, const QKeySequence& key, bool& setting) {
+  QAction* action = menu->addAction(text);
+  action->setShortcut(key);
+  action->setCheckable(true);
+  connect(action, &QAction::toggled, this, [&setting](bool on) {
+    setting = on;
+    RedrawView();
+  });
+  action->setChecked(true);
 }
 
 }  // namespace korvexed

@@ -1,6 +1,7 @@
 #pragma once
-// A plain editor window: the File menu and a summary of the loaded
-// document (its counts, printed extent and layers).
+// A plain editor window: the File, View and Setting menus, a summary of
+// the loaded document (its counts, printed extent and layers) and the
+// drawing area beside them.
 #include <QMainWindow>
 #include <cstdint>
 #include <string>
@@ -8,7 +9,9 @@
 
 #include "platform/qt_platform.h"
 
+class QKeySequence;
 class QLabel;
+class QMenu;
 
 namespace korvexed {
 
@@ -38,6 +41,8 @@ class SummaryWindow : public QMainWindow {
   bool AskSaveChanges();
   void SetCaption();
   void ShowDocument();
+  // Adds a check-mark setting to `menu`, on from start-up.
+  void AddSetting(QMenu* menu, const QString& text, const QKeySequence& key, bool& setting);
 
   QtPlatform platform_;
   Platform* previous_platform_;

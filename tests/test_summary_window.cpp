@@ -7,28 +7,15 @@
 #include <QApplication>
 #include <QCursor>
 #include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
-#include <QTimer>
-#include <deque>
 #include <filesystem>
-#include <fstream>
-#include <memory>
-#include <ostream>
 #include <string>
-#include <vector>
 
-#include <unistd.h>
-
-#include "app/summary_window.h"
 #include "document/document.h"
+#include "tests/gui_fixture.h"
 
-// Readable QString values in failure messages.
-inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
-
-namespace korvexed {
+namespace korvexed::testing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -51,87 +38,16 @@ const char* const two_layers =
     "G1 X10 Y20 E3\n"
     "G0 X5 Y5\n";
 
-// Answers every message box that opens, records it, and clicks the queued
-// answer (or the box's only button).
-class MessageBoxWatcher {
- public:
-  struct Seen {
-    QString title, text;
-    QMessageBox::Icon icon;
-    QMessageBox::StandardButtons buttons;
-    Qt::CursorShape pointer;
-  };
-
-  MessageBoxWatcher() {
-    QObject::connect(&timer_, &QTimer::timeout, [this] { Answer(); });
-    timer_.start(5);
-  }
-
-  std::vector<Seen> seen;
-  std::deque<QMessageBox::StandardButton> answers;
-
- private:
-  void Answer() {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!box) return;
-    const QCursor* pointer = QApplication::overrideCursor();
-    seen.push_back({box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
-                    pointer ? pointer->shape() : Qt::ArrowCursor});
-    QMessageBox::StandardButton answer = QMessageBox::Ok;
-    if (!answers.empty()) {
-      answer = answers.front();
-      answers.pop_front();
-    }
-    if (QAbstractButton* button = box->button(answer))
-      button->click();
-    else
-      box->reject();
-  }
-
-  QTimer timer_;
-};
-
-class SummaryWindowTest : public ::testing::Test {
+// The summary's own views of the document.
+class SummaryTest : public SummaryWindowTest {
  protected:
-  void SetUp() override {
-    dir_ = fs::temp_directory_path() / ("korvexed_gui_" + std::to_string(::getpid()));
-    fs::create_directories(dir_);
-    doc.file_name.clear();
-    doc.modified = false;
-    window_ = std::make_unique<SummaryWindow>();
-  }
-
-  void TearDown() override {
-    window_.reset();
-    fs::remove_all(dir_);
-  }
-
-  std::string Write(const std::string& name, const std::string& content) {
-    const fs::path path = dir_ / name;
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << content;
-    return path.string();
-  }
-
-  QAction* Action(const QString& text) const {
-    for (QAction* action : window_->findChildren<QAction*>())
-      if (action->text() == text) return action;
-    ADD_FAILURE() << "no action " << text.toStdString();
-    return nullptr;
-  }
-
   QString Summary() const { return window_->findChild<QLabel*>(QStringLiteral("lblSummary"))->text(); }
   QAbstractItemModel* Layers() const { return window_->findChild<QTableView*>(QStringLiteral("tblLayers"))->model(); }
   QString Cell(int row, int column) const { return Layers()->index(row, column).data().toString(); }
   QString Status() const { return dynamic_cast<QtPlatform&>(platform()).status_text(1); }
-  static QString Q(const std::string& s) { return QString::fromStdString(s); }
-
-  fs::path dir_;
-  MessageBoxWatcher boxes_;
-  std::unique_ptr<SummaryWindow> window_;
 };
 
-TEST_F(SummaryWindowTest, StartsEmptyWithTheDocumentControlsDisabled) {
+TEST_F(SummaryTest, StartsEmptyWithTheDocumentControlsDisabled) {
   window_->OpenCommandLine({});
   EXPECT_EQ(window_->windowTitle(), base_title);
   EXPECT_FALSE(IsDocumentLoaded());
@@ -144,7 +60,7 @@ TEST_F(SummaryWindowTest, StartsEmptyWithTheDocumentControlsDisabled) {
   EXPECT_TRUE(boxes_.seen.empty());
 }
 
-TEST_F(SummaryWindowTest, OpensAQuotedCommandLineFileAndSummarizesIt) {
+TEST_F(SummaryTest, OpensAQuotedCommandLineFileAndSummarizesIt) {
   const std::string path = Write("print.gcode", two_layers);
   window_->OpenCommandLine({"\"" + path + "\""});
 
@@ -167,7 +83,7 @@ TEST_F(SummaryWindowTest, OpensAQuotedCommandLineFileAndSummarizesIt) {
   EXPECT_EQ(Cell(1, 3), "4");
 }
 
-TEST_F(SummaryWindowTest, JoinsAnUnquotedCommandLineSplitAtBlanks) {
+TEST_F(SummaryTest, JoinsAnUnquotedCommandLineSplitAtBlanks) {
   const std::string path = Write("two words/my print.gcode", two_layers);
   const std::string folder = (dir_ / "two").string();
   window_->OpenCommandLine({folder, "words/my", "print.gcode"});
@@ -175,7 +91,7 @@ TEST_F(SummaryWindowTest, JoinsAnUnquotedCommandLineSplitAtBlanks) {
   EXPECT_TRUE(IsDocumentLoaded());
 }
 
-TEST_F(SummaryWindowTest, IgnoresACommandLineThatNamesNoFile) {
+TEST_F(SummaryTest, IgnoresACommandLineThatNamesNoFile) {
   window_->OpenCommandLine({(dir_ / "missing.gcode").string()});
   window_->OpenCommandLine({dir_.string()});
   EXPECT_TRUE(boxes_.seen.empty());
@@ -184,7 +100,7 @@ TEST_F(SummaryWindowTest, IgnoresACommandLineThatNamesNoFile) {
   EXPECT_EQ(Status(), QString());
 }
 
-TEST_F(SummaryWindowTest, AFailedLoadEmptiesTheDocumentAndTheTitle) {
+TEST_F(SummaryTest, AFailedLoadEmptiesTheDocumentAndTheTitle) {
   const std::string good = Write("good.gcode", two_layers);
   const std::string bad = Write("bad.gcode", "G21\nG1 X1\nG1 Xabc\n");
   window_->LoadCommand(good);
@@ -202,7 +118,7 @@ TEST_F(SummaryWindowTest, AFailedLoadEmptiesTheDocumentAndTheTitle) {
   EXPECT_EQ(Layers()->rowCount(), 0);
 }
 
-TEST_F(SummaryWindowTest, AFileThatCannotBeOpenedKeepsThePreviousDocument) {
+TEST_F(SummaryTest, AFileThatCannotBeOpenedKeepsThePreviousDocument) {
   const std::string good = Write("good.gcode", two_layers);
   const std::string missing = (dir_ / "missing.gcode").string();
   window_->LoadCommand(good);
@@ -216,14 +132,14 @@ TEST_F(SummaryWindowTest, AFileThatCannotBeOpenedKeepsThePreviousDocument) {
   EXPECT_EQ(Layers()->rowCount(), 3);
 }
 
-TEST_F(SummaryWindowTest, OffersTheTaggedExportOnlyForUntaggedFiles) {
+TEST_F(SummaryTest, OffersTheTaggedExportOnlyForUntaggedFiles) {
   window_->LoadCommand(Write("tagged.gcode", "G1 Z0.2 ;;LAYER:0\nG1 X1 Y1 E1\n"));
   EXPECT_TRUE(Summary().contains(QStringLiteral("Tagged: yes")));
   EXPECT_TRUE(Action(QStringLiteral("Export"))->isEnabled());
   EXPECT_FALSE(Action(QStringLiteral("Cura <;TAG:> Compatible GCode"))->isEnabled());
 }
 
-TEST_F(SummaryWindowTest, SaveWritesTheLoadedFileWithoutAsking) {
+TEST_F(SummaryTest, SaveWritesTheLoadedFileWithoutAsking) {
   const std::string path = Write("print.gcode", two_layers);
   window_->LoadCommand(path);
   fs::remove(path);
@@ -236,7 +152,7 @@ TEST_F(SummaryWindowTest, SaveWritesTheLoadedFileWithoutAsking) {
   EXPECT_TRUE(fs::is_regular_file(path));
 }
 
-TEST_F(SummaryWindowTest, ClosingAModifiedDocumentAsksFirst) {
+TEST_F(SummaryTest, ClosingAModifiedDocumentAsksFirst) {
   const std::string path = Write("print.gcode", two_layers);
   window_->OpenCommandLine({path});
   doc.modified = true;
@@ -258,7 +174,7 @@ TEST_F(SummaryWindowTest, ClosingAModifiedDocumentAsksFirst) {
 }
 
 // The platform of the window, seen through the interface the logic uses.
-using QtPlatformTest = SummaryWindowTest;
+using QtPlatformTest = SummaryTest;
 
 TEST_F(QtPlatformTest, QuestionsReturnTheButtonClicked) {
   boxes_.answers = {QMessageBox::No, QMessageBox::Yes, QMessageBox::Cancel};
@@ -303,23 +219,4 @@ TEST_F(QtPlatformTest, StatusPanelsShowTextAndToolTip) {
 }
 
 }  // namespace
-}  // namespace korvexed
-
-// The application exists only while tests run, so listing them needs no display.
-class QtApplicationEnvironment : public ::testing::Environment {
- public:
-  void SetUp() override { app_ = std::make_unique<QApplication>(argc_, argv_); }
-  void TearDown() override { app_.reset(); }
-
- private:
-  int argc_ = 1;
-  char name_[19] = "korvexed_gui_tests";
-  char* argv_[2] = {name_, nullptr};
-  std::unique_ptr<QApplication> app_;
-};
-
-int main(int argc, char** argv) {
-  ::testing::InitGoogleTest(&argc, argv);
-  ::testing::AddGlobalTestEnvironment(new QtApplicationEnvironment);
-  return RUN_ALL_TESTS();
-}
+}  // namespace korvexed::testing

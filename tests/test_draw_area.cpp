@@ -1,0 +1,273 @@
+// The drawing area of the window, driven by real events: what it shows,
+// the wheel, the View and Setting menus, the layer table and resizing.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QImage>
+#include <QSplitter>
+#include <QTableView>
+#include <QTest>
+#include <QWheelEvent>
+#include <cmath>
+#include <string>
+
+#include "document/document.h"
+#include "tests/gui_fixture.h"
+#include "view/korvexed_graphic.h"
+#include "view/world_view.h"
+
+namespace korvexed::testing {
+namespace {
+
+// Layer 1: a travel from the origin to (-10, 5), extrusion to (30, 5) and
+// (30, 25), a travel to (40, -15). Layer 2: extrusion back to the origin.
+// The moves span X -10..40 and Y -15..25.
+const char* const print =
+    "G21\n"
+    "G90\n"
+    "G92 E0\n"
+    "G1 Z0.2 F1800\n"
+    "G0 X-10 Y5\n"
+    "G1 X30 Y5 E2\n"
+    "G1 X30 Y25 E3\n"
+    "G0 X40 Y-15\n"
+    "G1 Z0.4\n"
+    "G1 X0 Y0 E4\n";
+
+constexpr Rgb extrusion = RgbT(128, 128, 255);
+constexpr Rgb travel = RgbT(255, 128, 0);
+
+struct WorldPoint {
+  double x, y;
+};
+
+class DrawAreaTest : public SummaryWindowTest {
+ protected:
+  void SetUp() override {
+    SummaryWindowTest::SetUp();
+    window_->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    area_ = window_->findChild<QWidget*>(QStringLiteral("picDraw"));
+    ASSERT_NE(area_, nullptr);
+  }
+
+  void Load() { window_->LoadCommand(Write("print.gcode", print)); }
+
+  void ClickLayer(int row) {
+    auto* table = window_->findChild<QTableView*>(QStringLiteral("tblLayers"));
+    const QRect cell = table->visualRect(table->model()->index(row, 0));
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, cell.center());
+  }
+
+  // Sends the wheel turn to the area; true when the area took it, false
+  // when it left it to others.
+  bool Wheel(QPointF at, int angle_delta) {
+    QWheelEvent event(at, area_->mapToGlobal(at), QPoint(), QPoint(0, angle_delta), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(area_, &event);
+    return event.isAccepted();
+  }
+
+  // The world point shown at a position of the area (y downwards).
+  static WorldPoint WorldAt(QPoint at) {
+    WorldPoint p;
+    PixelToWorld(at.x(), drawing.picture.height - at.y(), p.x, p.y);
+    return p;
+  }
+
+  static int CountPixels(Rgb colour) {
+    int count = 0;
+    for (int32_t y = 0; y < drawing.picture.height; ++y)
+      for (int32_t x = 0; x < drawing.picture.width; ++x) count += PixelAt(drawing.picture, x, y) == colour;
+    return count;
+  }
+
+  static Rgb ColourAtWorld(double x, double y) {
+    int32_t px, py;
+    WorldToPixel(x, y, px, py);
+    return PixelAt(drawing.picture, px, py);
+  }
+
+  QWidget* area_ = nullptr;
+};
+
+TEST_F(DrawAreaTest, StartsWithTheDrawingAsLargeAsTheAreaAndBothSettingsOn) {
+  EXPECT_GT(area_->width(), 400);
+  EXPECT_EQ(drawing.picture.width, area_->width());
+  EXPECT_EQ(drawing.picture.height, area_->height());
+  EXPECT_EQ(view.view_xmin, -20);
+  EXPECT_EQ(view.view_xmax, 20);
+  EXPECT_EQ(view.view_scale, area_->width() / 40.0);
+
+  QAction* movement = Action(QStringLiteral("Show &Movement"));
+  QAction* arrow = Action(QStringLiteral("Show &Arrow"));
+  EXPECT_TRUE(movement->isChecked());
+  EXPECT_TRUE(arrow->isChecked());
+  EXPECT_EQ(movement->shortcut(), QKeySequence(Qt::Key_F7));
+  EXPECT_EQ(arrow->shortcut(), QKeySequence(Qt::Key_F8));
+  EXPECT_TRUE(draw_settings.show_movement);
+  EXPECT_TRUE(draw_settings.show_arrow);
+}
+
+TEST_F(DrawAreaTest, ShowsTheDrawingBitmapTopDown) {
+  Load();
+  ClickLayer(1);
+  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  ASSERT_EQ(ColourAtWorld(30, 15), extrusion);
+
+  const QImage shown = area_->grab().toImage();
+  const int32_t w = drawing.picture.width, h = drawing.picture.height;
+  ASSERT_EQ(shown.size(), QSize(w, h));
+  int differing = 0;
+  for (int32_t y = 0; y < h; ++y)
+    for (int32_t x = 0; x < w; ++x) {
+      const Rgb expected = PixelAt(drawing.picture, x, h - 1 - y);
+      differing += shown.pixelColor(x, y) != QColor(expected.red, expected.green, expected.blue);
+    }
+  EXPECT_EQ(differing, 0);
+
+  int32_t px, py;
+  WorldToPixel(30, 15, px, py);
+  EXPECT_EQ(shown.pixelColor(px, h - 1 - py), QColor(128, 128, 255));
+}
+
+TEST_F(DrawAreaTest, AWheelTurnZoomsAboutThePointer) {
+  Load();
+  const double scale = view.view_scale;
+  const QPoint anchor(200, 151);
+  const WorldPoint before = WorldAt(anchor);
+
+  // Five notches count as three: 1.6, not 2.0.
+  EXPECT_TRUE(Wheel(QPointF(200.4, 150.6), 600));
+  EXPECT_EQ(view.wheel_anchor_x, 200);
+  EXPECT_EQ(view.wheel_anchor_y, 151);
+  EXPECT_EQ(view.view_scale, scale * 1.6);
+  const WorldPoint after = WorldAt(anchor);
+  EXPECT_NEAR(after.x, before.x, 1 / view.view_scale);
+  EXPECT_NEAR(after.y, before.y, 1 / view.view_scale);
+
+  EXPECT_TRUE(Wheel(QPointF(200, 151), -120));
+  EXPECT_EQ(view.view_scale, scale * 1.6 * 0.8);
+}
+
+TEST_F(DrawAreaTest, AWheelTurnWithoutADocumentChangesNothingAndIsPassedOn) {
+  const WorldView before = view;
+  EXPECT_FALSE(Wheel(QPointF(200.4, 150.6), 600));
+  EXPECT_EQ(view.view_scale, before.view_scale);
+  EXPECT_EQ(view.view_xmin, before.view_xmin);
+  EXPECT_EQ(view.view_ymin, before.view_ymin);
+  EXPECT_EQ(view.view_xmax, before.view_xmax);
+  EXPECT_EQ(view.view_ymax, before.view_ymax);
+  EXPECT_EQ(view.wheel_anchor_x, before.wheel_anchor_x);
+  EXPECT_EQ(view.wheel_anchor_y, before.wheel_anchor_y);
+}
+
+TEST_F(DrawAreaTest, ZoomFromTheMenuKeepsTheCentreAndClearsTheBusyPointer) {
+  Load();
+  const QPoint centre(static_cast<int>(std::lround(area_->width() / 2.0)),
+                      static_cast<int>(std::lround(area_->height() / 2.0)));
+  const double scale = view.view_scale;
+  const WorldPoint before = WorldAt(centre);
+
+  Action(QStringLiteral("&Zoom +"))->trigger();
+  EXPECT_EQ(view.view_scale, scale * 1.2);
+  const WorldPoint after = WorldAt(centre);
+  EXPECT_NEAR(after.x, before.x, 1 / view.view_scale);
+  EXPECT_NEAR(after.y, before.y, 1 / view.view_scale);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+
+  Action(QStringLiteral("Zoom -"))->trigger();
+  EXPECT_EQ(view.view_scale, scale * 1.2 * 0.8);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DrawAreaTest, ZoomFitShowsTheOriginAndEveryMoveEdgeToEdge) {
+  Load();
+  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+
+  // 50 mm across and 40 mm high; the tighter axis decides the scale.
+  const double w = drawing.picture.width, h = drawing.picture.height;
+  const double scale = std::min(w / 50, h / 40);
+  EXPECT_DOUBLE_EQ(view.view_scale, scale);
+  const double eps = 1e-9;
+  EXPECT_LE(view.view_xmin, -10 + eps);
+  EXPECT_GE(view.view_xmax, 40 - eps);
+  EXPECT_LE(view.view_ymin, -15 + eps);
+  EXPECT_GE(view.view_ymax, 25 - eps);
+  if (w / 50 <= h / 40) {
+    EXPECT_NEAR(view.view_xmin, -10, eps);
+    EXPECT_NEAR(view.view_xmax, 40, eps);
+  } else {
+    EXPECT_NEAR(view.view_ymin, -15, eps);
+    EXPECT_NEAR(view.view_ymax, 25, eps);
+  }
+}
+
+TEST_F(DrawAreaTest, GrowingTheAreaShowsMoreWorldAtTheSameScale) {
+  Load();
+  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  const WorldView before = view;
+  const int width = area_->width(), height = area_->height();
+
+  window_->resize(window_->width() + 100, window_->height());
+  QTRY_COMPARE(area_->width(), width + 100);
+  ASSERT_EQ(area_->height(), height);
+  EXPECT_EQ(drawing.picture.width, width + 100);
+  EXPECT_DOUBLE_EQ(view.view_scale, before.view_scale);
+  const double extra = 50 / before.view_scale;
+  EXPECT_DOUBLE_EQ(view.view_xmin, before.view_xmin - extra);
+  EXPECT_DOUBLE_EQ(view.view_xmax, before.view_xmax + extra);
+  EXPECT_DOUBLE_EQ(view.view_ymin, before.view_ymin);
+  EXPECT_DOUBLE_EQ(view.view_ymax, before.view_ymax);
+  // The new columns are on screen too.
+  const QImage shown = area_->grab().toImage();
+  for (int y = 0; y < height; y += 50) {
+    const Rgb expected = PixelAt(drawing.picture, width + 99, height - 1 - y);
+    EXPECT_EQ(shown.pixelColor(width + 99, y), QColor(expected.red, expected.green, expected.blue)) << y;
+  }
+}
+
+TEST_F(DrawAreaTest, ACollapsedAreaKeepsItsDrawing) {
+  auto* splitter = window_->findChild<QSplitter*>();
+  const QSize size = area_->size();
+  splitter->setSizes({splitter->width(), 0});
+  QTRY_COMPARE(area_->width(), 0);
+  EXPECT_EQ(drawing.picture.width, size.width());
+  splitter->setSizes({1, splitter->width()});
+  QTRY_VERIFY(area_->width() > 0);
+  EXPECT_EQ(drawing.picture.width, area_->width());
+}
+
+TEST_F(DrawAreaTest, ClickingALayerRowShowsThatLayerAlone) {
+  Load();
+  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  ClickLayer(1);
+  EXPECT_EQ(doc.current_layer, 1);
+  EXPECT_EQ(ColourAtWorld(30, 15), extrusion);
+
+  ClickLayer(2);
+  EXPECT_EQ(doc.current_layer, 2);
+  EXPECT_EQ(ColourAtWorld(20, -7.5), extrusion);
+  EXPECT_NE(ColourAtWorld(30, 15), extrusion);
+}
+
+TEST_F(DrawAreaTest, ShowMovementTogglesTheTravelMoves) {
+  Load();
+  ClickLayer(1);
+  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  EXPECT_GT(CountPixels(travel), 100);
+
+  Action(QStringLiteral("Show &Movement"))->trigger();
+  EXPECT_FALSE(draw_settings.show_movement);
+  EXPECT_EQ(CountPixels(travel), 0);
+  EXPECT_GT(CountPixels(extrusion), 100);
+
+  Action(QStringLiteral("Show &Movement"))->trigger();
+  EXPECT_TRUE(draw_settings.show_movement);
+  EXPECT_GT(CountPixels(travel), 100);
+}
+
+}  // namespace
+}  // namespace korvexed::testing
