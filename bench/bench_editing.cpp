@@ -6,6 +6,7 @@
 #include <string>
 
 #include "bench/bench_registry.h"
+#include "bench/large_layer.h"
 #include "document/document.h"
 #include "document/korvexed_file.h"
 #include "editing/korvexed_data.h"
@@ -42,29 +43,8 @@ void TranslateAll(benchmark::State& state, const BenchFile& file) {
   for (auto _ : state) translate_all(90, 1, -1);
 }
 
-// The middle layer of a print of three layers: 50,000 extruding moves on a
-// circle, then a layer that starts with G92 E0.
-std::string LargeLayerPrint() {
-  std::string text = "G1 Z0.2 F1800\nG92 E0\n";
-  double e = 0;
-  for (int i = 0; i < 50000; ++i) {
-    e += 0.01;
-    text += "G1 X" + std::to_string(50 + (i % 400) * 0.1) + " Y" + std::to_string(50 + (i / 400) * 0.1) + " E" +
-            std::to_string(e) + "\n";
-  }
-  text += "G1 Z0.4\nG92 E0\nG1 X10 Y10 E1\n";
-  return text;
-}
-
 void InsertPoint(benchmark::State& state, const BenchFile& file) {
-  const std::string path = file.path + ".large-layer.gcode";
-  if (std::FILE* f = std::fopen(path.c_str(), "wb")) {
-    const std::string text = LargeLayerPrint();
-    std::fwrite(text.data(), 1, text.size(), f);
-    std::fclose(f);
-  }
-  if (!LoadGCode(path)) state.SkipWithError("loading failed");
-  std::remove(path.c_str());
+  if (!LoadLargeLayerPrint(file.path)) state.SkipWithError("loading failed");
   ShowSingleLayer(1);
   const int32_t middle = doc.layer(1).g_count / 2;
   for (auto _ : state) {

@@ -54,6 +54,55 @@ Steps MinorSteps(Steps q, int64_t major, int64_t minor) {
   return {Narrow(first, -1, major + 1), Narrow(last, -1, major + 1)};
 }
 
+// Puts count + 1 pixels from p: one step along the major axis each, and
+// one along the minor axis whenever the remainder reaches 2 major.
+void Walk(uint8_t* p, ptrdiff_t major_step, ptrdiff_t minor_step, int64_t minor, int64_t two_major, int64_t remainder,
+          int64_t count, Rgb colour) {
+  for (;;) {
+    Put(p, colour);
+    if (count-- == 0) break;
+    p += major_step;
+    remainder += 2 * minor;
+    if (remainder >= two_major) {
+      remainder -= two_major;
+      p += minor_step;
+    }
+  }
+}
+
+// A line with an end outside the bitmap: only the steps whose pixels are
+// inside are walked. Kept out of the common path, whose lines are short and
+// many.
+[[gnu::noinline]] bool ClippedLine(Bitmap& bitmap, int32_t x1, int32_t y1, int32_t x2, int32_t y2, Rgb colour) {
+  const int32_t w = bitmap.width, h = bitmap.height;
+  if ((x1 < 0 && x2 < 0) || (x1 >= w && x2 >= w) || (y1 < 0 && y2 < 0) || (y1 >= h && y2 >= h)) return false;
+
+  const int64_t dx = int64_t{x2} - x1, dy = int64_t{y2} - y1;
+  const int sx = dx < 0 ? -1 : 1, sy = dy < 0 ? -1 : 1;
+  const bool x_major = std::abs(dx) >= std::abs(dy);
+  const int64_t major = x_major ? std::abs(dx) : std::abs(dy);
+  const int64_t minor = x_major ? std::abs(dy) : std::abs(dx);
+
+  const Steps along = x_major ? Allowed(x1, sx, w) : Allowed(y1, sy, h);
+  const Steps across = MinorSteps(x_major ? Allowed(y1, sy, h) : Allowed(x1, sx, w), major, minor);
+  const int64_t first = std::max({int64_t{0}, along.first, across.first});
+  const int64_t last = std::min({major, along.last, across.last});
+  if (first > last) return false;
+
+  // q and its remainder at the first step.
+  const int64_t two_major = 2 * std::max<int64_t>(major, 1);
+  const wide start = 2 * static_cast<wide>(first) * minor + major;
+  const int64_t q = static_cast<int64_t>(start / two_major);
+  const int64_t remainder = static_cast<int64_t>(start % two_major);
+
+  const int64_t x = x1 + sx * (x_major ? first : q);
+  const int64_t y = y1 + sy * (x_major ? q : first);
+  const ptrdiff_t across_x = 3 * sx, across_y = static_cast<ptrdiff_t>(sy) * bitmap.stride();
+  Walk(bitmap.row(static_cast<int32_t>(y)) + 3 * x, x_major ? across_x : across_y, x_major ? across_y : across_x, minor,
+       two_major, remainder, last - first, colour);
+  return true;
+}
+
 }  // namespace
 
 bool ResizeBitmap(Bitmap& bitmap, int32_t width, int32_t height) {
@@ -82,51 +131,36 @@ void FillBitmap(Bitmap& bitmap, Rgb colour) {
 }
 
 bool LineBitmap(Bitmap& bitmap, int32_t x1, int32_t y1, int32_t x2, int32_t y2, Rgb colour) {
-  const int32_t w = bitmap.width, h = bitmap.height;
-  if ((x1 < 0 && x2 < 0) || (x1 >= w && x2 >= w) || (y1 < 0 && y2 < 0) || (y1 >= h && y2 >= h)) return false;
-
-  const int64_t dx = int64_t{x2} - x1, dy = int64_t{y2} - y1;
-  const int sx = dx < 0 ? -1 : 1, sy = dy < 0 ? -1 : 1;
-  const bool x_major = std::abs(dx) >= std::abs(dy);
-  const int64_t major = x_major ? std::abs(dx) : std::abs(dy);
-  const int64_t minor = x_major ? std::abs(dy) : std::abs(dx);
-
-  Steps steps{0, major};
-  const bool inside = x1 >= 0 && x1 < w && x2 >= 0 && x2 < w && y1 >= 0 && y1 < h && y2 >= 0 && y2 < h;
-  if (!inside) {
-    const Steps along = x_major ? Allowed(x1, sx, w) : Allowed(y1, sy, h);
-    const Steps across = MinorSteps(x_major ? Allowed(y1, sy, h) : Allowed(x1, sx, w), major, minor);
-    steps.first = std::max({steps.first, along.first, across.first});
-    steps.last = std::min({steps.last, along.last, across.last});
-    if (steps.first > steps.last) return false;
-  }
-
-  // q and its remainder at the first step, then one step at a time.
-  const int64_t two_major = 2 * std::max<int64_t>(major, 1);
-  const wide start = 2 * static_cast<wide>(steps.first) * minor + major;
-  const int64_t q = static_cast<int64_t>(start / two_major);
-  int64_t remainder = static_cast<int64_t>(start % two_major);
-
-  const int64_t x = x1 + sx * (x_major ? steps.first : q);
-  const int64_t y = y1 + sy * (x_major ? q : steps.first);
-  const ptrdiff_t across_x = 3 * sx, across_y = static_cast<ptrdiff_t>(sy) * bitmap.stride();
-  const ptrdiff_t major_step = x_major ? across_x : across_y;
-  const ptrdiff_t minor_step = x_major ? across_y : across_x;
-  uint8_t* p = bitmap.row(static_cast<int32_t>(y)) + 3 * x;
-  for (int64_t i = steps.first;; ++i) {
-    Put(p, colour);
-    if (i == steps.last) break;
-    p += major_step;
-    remainder += 2 * minor;
-    if (remainder >= two_major) {
-      remainder -= two_major;
-      p += minor_step;
-    }
-  }
+  // 0 <= v < size in one comparison each, negative values turned huge.
+  const auto w = static_cast<uint32_t>(bitmap.width), h = static_cast<uint32_t>(bitmap.height);
+  const bool inside = static_cast<uint32_t>(x1) < w && static_cast<uint32_t>(x2) < w && static_cast<uint32_t>(y1) < h &&
+                      static_cast<uint32_t>(y2) < h;
+  if (!inside) return ClippedLine(bitmap, x1, y1, x2, y2, colour);
+  // The common line, wholly inside: from the first end, where q is 0 and
+  // the remainder is major.
+  const int32_t dx = x2 - x1, dy = y2 - y1;
+  const ptrdiff_t across_x = dx < 0 ? -3 : 3, across_y = dy < 0 ? -bitmap.stride() : bitmap.stride();
+  uint8_t* const p = bitmap.row(y1) + 3 * x1;
+  const int64_t adx = std::abs(dx), ady = std::abs(dy);
+  if (adx >= ady)
+    Walk(p, across_x, across_y, ady, 2 * std::max<int64_t>(adx, 1), adx, adx, colour);
+  else
+    Walk(p, across_y, across_x, adx, 2 * ady, ady, ady, colour);
   return true;
 }
 
 void PointBitmap(Bitmap& bitmap, int32_t x, int32_t y, Rgb colour) {
+  if (x >= 1 && y >= 1 && x < bitmap.width - 1 && y < bitmap.height - 1) {
+    // The whole dot, the common case.
+    uint8_t* const p = bitmap.row(y) + 3 * x;
+    const ptrdiff_t stride = bitmap.stride();
+    for (const ptrdiff_t row : {-stride, ptrdiff_t{0}, stride}) {
+      Put(p + row - 3, colour);
+      Put(p + row, colour);
+      Put(p + row + 3, colour);
+    }
+    return;
+  }
   const int64_t left = std::max<int64_t>(int64_t{x} - 1, 0), right = std::min<int64_t>(int64_t{x} + 1, bitmap.width - 1);
   const int64_t bottom = std::max<int64_t>(int64_t{y} - 1, 0), top = std::min<int64_t>(int64_t{y} + 1, bitmap.height - 1);
   for (int64_t row = bottom; row <= top; ++row)

@@ -111,10 +111,10 @@ void DrawSquare(int32_t x, int32_t y, int32_t width, int32_t height, Rgb colour)
 }
 
 void DrawArrow(int32_t x1, int32_t y1, int32_t x2, int32_t y2, double length_sq, Rgb colour) {
-  // A quarter of the length, whole pixels: segments shorter than 16 pixels
-  // get no arrow, and barbs stop growing at 15 pixels.
+  // A quarter of the length, whole pixels: at least 4 (decided before the
+  // square root, as most segments are short), at most 15.
+  if (!HasArrow(length_sq)) return;
   double n = std::floor(std::sqrt(length_sq / 16));
-  if (!(n >= 4)) return;
   if (n > 15) n = 15;
   const double mx = RoundHalfEven((static_cast<double>(x1) + x2) / 2), my = RoundHalfEven((static_cast<double>(y1) + y2) / 2);
 

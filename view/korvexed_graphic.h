@@ -66,6 +66,9 @@ void RestorePicture();
 
 // An outline of width x height pixels centred on (x, y); no pixel drawn twice.
 void DrawSquare(int32_t x, int32_t y, int32_t width, int32_t height, Rgb colour);
+// Segments shorter than 16 pixels (squared length under 256) get no
+// direction mark.
+inline bool HasArrow(double length_sq) { return length_sq >= 256; }
 // The direction mark at the middle of the segment from p1 to p2, whose
 // length in pixels squared is `length_sq`.
 void DrawArrow(int32_t x1, int32_t y1, int32_t x2, int32_t y2, double length_sq, Rgb colour);

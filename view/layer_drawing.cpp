@@ -56,33 +56,53 @@ PixelPoint Pixel(double x, double y) {
   return {(view.view_offset_x + x) * view.view_scale, (view.view_offset_y + y) * view.view_scale};
 }
 
+struct Rounded {
+  int32_t x, y;
+};
+
+Rounded Round(const PixelPoint& p) { return {RoundPixel(p.x), RoundPixel(p.y)}; }
+
+// A point of the path, rounded and checked once when the walk reaches it,
+// as each one ends a segment and starts the next.
+struct PathPoint {
+  PixelPoint exact;
+  Rounded px;
+  bool inside;  // within the guard: drawn as it rounds
+};
+
+PathPoint At(const PixelPoint& p) { return {p, Round(p), Inside(p)}; }
+
 // The walk over one layer's entries.
 class LayerPainter {
  public:
   LayerPainter(const PathColours& colours, const PixelPoint& start)
-      : colours_(colours), previous_(start), start_(Round(start)), last_move_(start_) {}
+      : colours_(colours), previous_(At(start)), start_(previous_.px), last_move_(start_) {}
 
   // A move that is drawn: its line, its arrow, and the dot of the vertex
   // before it, so that each dot lies on both lines that meet there.
   void Move(const coor_data& record) {
-    const PixelPoint current = Pixel(record.x, record.y);
+    const PathPoint current = At(Pixel(record.x, record.y));
     const Rgb colour = record.e_delta > 0 ? colours_.extrusion : colours_.travel;
     if (record.e_delta > 0 || draw_settings.show_movement) {
-      int32_t x1, y1, x2, y2;
-      if (Line(previous_, current, colour, x1, y1, x2, y2) && draw_settings.show_arrow)
-        DrawArrow(x1, y1, x2, y2, record.d_delta * view.view_scale * view.view_scale, colour);
+      Rounded a, b;
+      if (Line(previous_, current, colour, a, b) && draw_settings.show_arrow) {
+        const double length_sq = record.d_delta * view.view_scale * view.view_scale;
+        if (HasArrow(length_sq)) DrawArrow(a.x, a.y, b.x, b.y, length_sq, colour);
+      }
     }
     if (has_pending_) Dot(pending_);
-    pending_ = Round(current);
+    pending_ = current.px;
     has_pending_ = true;
     Advance(current);
   }
   // A move whose row is off view: the path goes on from its end.
-  void Skip(const coor_data& record) { Advance(Pixel(record.x, record.y)); }
+  void Skip(const coor_data& record) { Advance(At(Pixel(record.x, record.y))); }
   // A position reset: the axes it names.
   void Reset(const coor_data& record) {
-    if (record.x != no_value) previous_.x = Pixel(record.x, 0).x;
-    if (record.y != no_value) previous_.y = Pixel(0, record.y).y;
+    PixelPoint p = previous_.exact;
+    if (record.x != no_value) p.x = Pixel(record.x, 0).x;
+    if (record.y != no_value) p.y = Pixel(0, record.y).y;
+    previous_ = At(p);
   }
   void Finish() {
     if (has_pending_) Dot(pending_);
@@ -91,27 +111,28 @@ class LayerPainter {
   }
 
  private:
-  struct Rounded {
-    int32_t x, y;
-  };
-
-  static Rounded Round(const PixelPoint& p) { return {RoundPixel(p.x), RoundPixel(p.y)}; }
-
-  void Advance(const PixelPoint& p) {
+  void Advance(const PathPoint& p) {
     previous_ = p;
-    last_move_ = Round(p);
+    last_move_ = p.px;
   }
   void Dot(const Rounded& p) { PointBitmap(drawing.picture, p.x, p.y, colours_.vertex); }
 
-  // True when the line reached the bitmap; its drawn ends come back.
-  static bool Line(PixelPoint a, PixelPoint b, Rgb colour, int32_t& x1, int32_t& y1, int32_t& x2, int32_t& y2) {
-    if (!(Inside(a) && Inside(b)) && !CutToGuard(a, b)) return false;
-    x1 = RoundPixel(a.x), y1 = RoundPixel(a.y), x2 = RoundPixel(b.x), y2 = RoundPixel(b.y);
-    return LineBitmap(drawing.picture, x1, y1, x2, y2, colour);
+  // True when the line reached the bitmap; its drawn ends come back. A
+  // line reaching far off the bitmap is cut first.
+  static bool Line(const PathPoint& a, const PathPoint& b, Rgb colour, Rounded& a_px, Rounded& b_px) {
+    a_px = a.px;
+    b_px = b.px;
+    if (!(a.inside && b.inside)) {
+      PixelPoint cut_a = a.exact, cut_b = b.exact;
+      if (!CutToGuard(cut_a, cut_b)) return false;
+      a_px = Round(cut_a);
+      b_px = Round(cut_b);
+    }
+    return LineBitmap(drawing.picture, a_px.x, a_px.y, b_px.x, b_px.y, colour);
   }
 
-  const PathColours& colours_;
-  PixelPoint previous_;
+  const PathColours colours_;
+  PathPoint previous_;
   Rounded start_, last_move_, pending_{};
   bool has_pending_ = false;
 };
