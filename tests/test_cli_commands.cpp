@@ -213,12 +213,6 @@ TEST_F(CliCommands, TranslateRotatesAboutTheOriginThenOffsets) {
                                         }));
 }
 
-TEST_F(CliCommands, TranslateKeepsTheProgramsOwnPi) {
-  const std::string dump = Edit("G1 X10 Y0\n", "translate 90 0 0\ndump -\n").out;
-  // cos(90 * 3.14159265358979 / 180) is about 1.6e-15, not 0.
-  EXPECT_NE(dump.find("  1 G1 x=1.6155445744325867e-14 y=10 "), std::string::npos) << dump;
-}
-
 TEST_F(CliCommands, TranslateByNothingSaysSoAndWritesTheFileUnchanged) {
   Write("a.gcode", square_gcode);
   const CliResult result = Run({"translate", "a.gcode", "-o", "b.gcode", "--dx", "1e-11"});

@@ -17,38 +17,10 @@ TEST_F(CliEditData, MoveKeepsTheExtrusionPerMillimetreAndCarriesEOn) {
                                                                    {10, "G1 Y10 E4.61803"}}));
 }
 
-TEST_F(CliEditData, MoveWithAnExtrusionChange) {
-  EXPECT_EQ(
-      SavedAfter("layer 1\nselect 1\nmove 0 0 0.5"),
-      SquareWith(
-          {{3, "G1 X10 E1.5 ;edge"}, {4, "G1 Y10 E2.5"}, {6, "G1 Y0 E3.5"}, {9, "G1 X10 E4.5"}, {10, "G1 Y10 E5.5"}}));
-}
-
-TEST_F(CliEditData, MoveBeforeAnEResetDerivesTheNextMoveFromTheReset) {
-  EXPECT_EQ(SavedAfter("layer 1\nselect 1\nmove 5 0", reset_gcode),
-            (Lines{"G1 Z0.2 F600", "G1 X15 E3", "G92 E0", "G1 X20 E1", "G1 X30 E3"}));
-}
-
-TEST_F(CliEditData, MoveOfNothingChangesNothing) {
-  EXPECT_EQ(SavedAfter("layer 1\nselect 1\nmove 0 0"), SquareWith({}));
-  EXPECT_EQ(SavedAfter("layer 1\nmove 3 3"), SquareWith({}));
-}
-
 TEST_F(CliEditData, DeleteVerticesJoinsTheNeighboursAndCarriesEOn) {
   EXPECT_EQ(SavedAfter("layer 1\nselect 3\ndelete-vertices"),
             (Lines{"; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 E1 ;edge", "G1 Y10 E2", "G1 X0 Y0 E3.41421",
                    ";comment line", "G1  Z0.6", "G1 X10 E4.41421", "G1 Y10 E5.41421"}));
-}
-
-TEST_F(CliEditData, DeleteVerticesNeverDeletesTheLastMoveOfALayer) {
-  EXPECT_EQ(SavedAfter("layer 1\nselect all\ndelete-vertices", "G1 Z0.2\nG1 X5 E1\n"), (Lines{"G1  Z0.2"}));
-  EXPECT_EQ(last.err, "message: Layer must contains at least 1 coor (G0/G1) data\n");
-}
-
-TEST_F(CliEditData, DeleteVerticesLeavesTextAndG92Rows) {
-  EXPECT_EQ(SavedAfter("layer 0\nrows all\nselect all\ndelete-vertices"), SquareWith({}))
-      << "the only move of layer 0 stays, and so do its rows";
-  EXPECT_EQ(last.err, "message: Layer must contains at least 1 coor (G0/G1) data\n");
 }
 
 TEST_F(CliEditData, DeleteRowsDeletesOnlyTextAndG92RowsOnView) {
@@ -59,11 +31,6 @@ TEST_F(CliEditData, DeleteRowsDeletesOnlyTextAndG92RowsOnView) {
   without_header.erase(without_header.begin());
   EXPECT_EQ(SavedAfter("layer 0\nrows 1\ndelete-rows"), without_header);
   EXPECT_EQ(SavedAfter("layer 1\nrows 0-4\ndelete-rows"), SquareWith({})) << "the text row was off view";
-}
-
-TEST_F(CliEditData, DeletingTheOnlyEResetContinuesFromTheEarlierE) {
-  EXPECT_EQ(SavedAfter("layer 1\nrows 2\ndelete-rows", reset_gcode),
-            (Lines{"G1 Z0.2 F600", "G1 X10 E2", "G1 X20 E4", "G1 X30 E6"}));
 }
 
 TEST_F(CliEditData, FeedrateChangesTheMarkedVertices) {
@@ -81,13 +48,6 @@ TEST_F(CliEditData, FeedrateValuesAreClampedAsTheDialogClampsThem) {
             SquareWith({{2, "G1 Z0.3 F328000"}, {8, "G1 Z0.6 F1200"}}));
 }
 
-TEST_F(CliEditData, FeedrateChecksAndMessages) {
-  EXPECT_EQ(SavedAfter("layer 1\nselect all\nfeedrate 0 0.5"), SquareWith({}));
-  EXPECT_EQ(last.err, "message: Feedrate is too small. Please enter greater than 1\n");
-  EXPECT_EQ(SavedAfter("layer 1\nselect all\nfeedrate 1200 1200"), SquareWith({}));
-  EXPECT_EQ(last.err, "message: No feedrate change is required.\n");
-}
-
 TEST_F(CliEditData, KindSetsTheKindOfTheMarkedVertices) {
   EXPECT_EQ(SavedAfter("layer 1\nselect 3 4\nkind G1"), SquareWith({{5, "G1 X0"}}));
   EXPECT_EQ(SavedAfter("layer 1\nselect 1\nkind G0"), SquareWith({{3, "G0 X10 E1 ;edge"}}));
@@ -101,19 +61,6 @@ TEST_F(CliEditData, InsertPointSplitsAMoveWhereItIsTold) {
   split.insert(split.begin() + 3, "G1 X5 E0.5");
   EXPECT_EQ(SavedAfter("layer 1\ninsert-point 1 5 0"), split);
   EXPECT_EQ(SavedAfter("layer 1\ninsert-points 1 1"), split) << "one point goes to the middle";
-}
-
-TEST_F(CliEditData, InsertPointOffTheSegmentLengthensTheExtrusion) {
-  EXPECT_EQ(SavedAfter("layer 1\ninsert-point 1 5 5"),
-            (Lines{"; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X5 Y5 E0.70711", "G1 X10 Y0 E1.41421 ;edge",
-                   "G1 Y10 E2.41421", "G0 X0", "G1 Y0 E3.41421", ";comment line", "G1  Z0.6", "G1 X10 E4.41421",
-                   "G1 Y10 E5.41421"}));
-}
-
-TEST_F(CliEditData, InsertPointIntoATravelIsATravel) {
-  Lines split = SquareWith({});
-  split.insert(split.begin() + 5, "G0 X5");
-  EXPECT_EQ(SavedAfter("layer 1\ninsert-point 3 5 10"), split);
 }
 
 TEST_F(CliEditData, InsertPointsSpreadsThemEvenly) {
@@ -154,18 +101,6 @@ TEST_F(CliEditData, DeleteLayersLowersTheLaterLayersAndRederivesTheirFirstMove) 
             (Lines{"; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 E1", "G1 Y10 E2"}));
   EXPECT_EQ(SavedAfter("delete-layers 1\nlayer 1\nselect all\nkind G0"),
             (Lines{"; test square", "G92 E0", "G0 Z0.3 F1200", "G0 X10 E1", "G0 Y10 E2"}));
-}
-
-TEST_F(CliEditData, DeleteLayersKeepsOneLayer) {
-  EXPECT_EQ(SavedAfter("delete-layers 0-2"), (Lines{"; test square", "G92 E0"}));
-  EXPECT_EQ(last.err, "message: Cannot remove all layer\n");
-}
-
-TEST_F(CliEditData, TranslateMovesEveryMoveButNotG92Positions) {
-  EXPECT_EQ(SavedAfter("translate 0 5 0"),
-            (Lines{"G1 X5", "; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X15 E1 ;edge", "G1 Y10 E2", "G0 X5",
-                   "G1 Y0 E3", ";comment line", "G1  Z0.6", "G1 X15 E4", "G1 Y10 E5"}));
-  EXPECT_EQ(SavedAfter("translate 0 5 5", "G92 X10 Y10\nG1 X1 Y1\n"), (Lines{"G1 X5 Y5", "G92 X10 Y10", "G1 X6 Y6"}));
 }
 
 TEST_F(CliEditData, TranslateByNothingSaysSo) {

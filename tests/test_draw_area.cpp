@@ -182,29 +182,6 @@ TEST_F(DrawAreaTest, ZoomFromTheMenuKeepsTheCentreAndClearsTheBusyPointer) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(DrawAreaTest, ZoomFitShowsTheOriginAndEveryMoveEdgeToEdge) {
-  Load();
-  Action(QStringLiteral("Zoom &Fit"))->trigger();
-  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-
-  // 50 mm across and 40 mm high; the tighter axis decides the scale.
-  const double w = drawing.picture.width, h = drawing.picture.height;
-  const double scale = std::min(w / 50, h / 40);
-  EXPECT_DOUBLE_EQ(view.view_scale, scale);
-  const double eps = 1e-9;
-  EXPECT_LE(view.view_xmin, -10 + eps);
-  EXPECT_GE(view.view_xmax, 40 - eps);
-  EXPECT_LE(view.view_ymin, -15 + eps);
-  EXPECT_GE(view.view_ymax, 25 - eps);
-  if (w / 50 <= h / 40) {
-    EXPECT_NEAR(view.view_xmin, -10, eps);
-    EXPECT_NEAR(view.view_xmax, 40, eps);
-  } else {
-    EXPECT_NEAR(view.view_ymin, -15, eps);
-    EXPECT_NEAR(view.view_ymax, 25, eps);
-  }
-}
-
 TEST_F(DrawAreaTest, GrowingTheAreaShowsMoreWorldAtTheSameScale) {
   Load();
   Action(QStringLiteral("Zoom &Fit"))->trigger();
