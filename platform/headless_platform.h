@@ -24,6 +24,9 @@ class HeadlessPlatform : public Platform {
   void set_document_controls(bool enabled) override { controls_enabled = enabled; }
   bool document_controls_enabled() const override { return controls_enabled; }
   void set_export_enabled(bool enabled) override { export_enabled = enabled; }
+  std::string ask_open_file_name() override { return next_file_name(); }
+  std::string ask_save_file_name() override { return next_file_name(); }
+  void beep() override { ++beeps; }
   Modifiers key_state() const override { return modifiers; }
   void set_busy(bool busy) override { busy_depth += busy ? 1 : -1; }
   bool locale_decimal_comma() const override { return decimal_comma; }
@@ -31,12 +34,21 @@ class HeadlessPlatform : public Platform {
   void list_row_removed(ListId, int) override {}
   void list_reset(ListId) override {}
 
+  std::string next_file_name() {
+    if (file_names.empty()) return {};
+    std::string name = std::move(file_names.front());
+    file_names.pop_front();
+    return name;
+  }
+
   // Called for every message box after it is recorded; the CLI prints it.
   virtual void on_message(const Message&) {}
 
   std::vector<Message> messages;
   std::deque<MsgAnswer> answers;               // taken front first by questions
   MsgAnswer default_answer = MsgAnswer::no;    // when no answer is queued
+  std::deque<std::string> file_names;          // answers of the file choosers; "" (cancel) when none
+  int beeps = 0;
   std::array<std::string, 4> status;           // panels 1 to 3
   bool controls_enabled = false;
   bool export_enabled = false;

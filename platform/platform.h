@@ -1,6 +1,7 @@
 #pragma once
 // What the document and editing logic needs of the window system. The
 // editor implements it with Qt; the CLI and the tests use HeadlessPlatform.
+#include <string>
 #include <string_view>
 
 namespace korvexed {
@@ -29,6 +30,12 @@ class Platform {
   virtual bool document_controls_enabled() const = 0;
   // The tagged export entry, offered only for files without tags.
   virtual void set_export_enabled(bool enabled) = 0;
+
+  // The G-code file choosers: Open takes only an existing file, Save asks
+  // before replacing one. "" when the user cancels.
+  virtual std::string ask_open_file_name() = 0;
+  virtual std::string ask_save_file_name() = 0;
+  virtual void beep() = 0;
 
   virtual Modifiers key_state() const = 0;
   virtual void set_busy(bool busy) = 0;

@@ -2,6 +2,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
 #include <QMainWindow>
@@ -98,6 +100,26 @@ bool QtPlatform::document_controls_enabled() const { return save_ && save_->isEn
 void QtPlatform::set_export_enabled(bool enabled) {
   if (export_) export_->setEnabled(enabled);
 }
+
+std::string QtPlatform::ask_open_file_name() { return AskFileName(QFileDialog::AcceptOpen); }
+std::string QtPlatform::ask_save_file_name() { return AskFileName(QFileDialog::AcceptSave); }
+
+std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode) {
+  QFileDialog dialog(&window_, QString(), last_folder_, QStringLiteral("KISSlicer/Slic3r/Skeinforge/Cura GCode Output File (*.gcode *.g)"));
+  dialog.setAcceptMode(mode);
+  // Open takes only a file that exists; Save asks before replacing one.
+  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  if (mode == QFileDialog::AcceptSave) dialog.setDefaultSuffix(QStringLiteral("gcode"));
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+  QApplication::restoreOverrideCursor();
+  if (!chosen) return {};
+  const QString path = dialog.selectedFiles().front();
+  last_folder_ = QFileInfo(path).absolutePath();
+  return QFile::encodeName(path).toStdString();
+}
+
+void QtPlatform::beep() { QApplication::beep(); }
 
 Modifiers QtPlatform::key_state() const {
   const Qt::KeyboardModifiers held = QGuiApplication::queryKeyboardModifiers();

@@ -1,6 +1,7 @@
 #pragma once
 // The platform of the editor window: Qt message boxes, the window's status
 // panels, the controls that follow the document state, the busy pointer.
+#include <QFileDialog>
 #include <QString>
 #include <array>
 #include <vector>
@@ -34,6 +35,9 @@ class QtPlatform : public Platform {
   void set_document_controls(bool enabled) override;
   bool document_controls_enabled() const override;
   void set_export_enabled(bool enabled) override;
+  std::string ask_open_file_name() override;
+  std::string ask_save_file_name() override;
+  void beep() override;
   Modifiers key_state() const override;
   void set_busy(bool busy) override;
   bool locale_decimal_comma() const override;
@@ -42,8 +46,12 @@ class QtPlatform : public Platform {
   void list_reset(ListId) override {}
 
  private:
+  std::string AskFileName(QFileDialog::AcceptMode mode);
+
   QMainWindow& window_;
   QString title_;
+  // The file choosers open where the last file was chosen.
+  QString last_folder_;
   std::array<QLabel*, 3> panels_{};
   std::vector<QAction*> actions_;
   std::vector<QWidget*> widgets_;
