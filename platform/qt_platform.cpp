@@ -10,6 +10,8 @@
 #include <QMessageBox>
 #include <QStatusBar>
 
+#include "controls/list_box.h"
+
 namespace korvexed {
 
 namespace {
@@ -134,5 +136,19 @@ void QtPlatform::set_busy(bool busy) {
 }
 
 bool QtPlatform::locale_decimal_comma() const { return QLocale::system().decimalPoint() == QStringLiteral(","); }
+
+void QtPlatform::set_list(ListId list, ListBox* box) { lists_[static_cast<size_t>(list)] = box; }
+
+void QtPlatform::list_row_inserted(ListId list, int row) {
+  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_inserted(row);
+}
+
+void QtPlatform::list_row_removed(ListId list, int row) {
+  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_removed(row);
+}
+
+void QtPlatform::list_reset(ListId list) {
+  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->reset();
+}
 
 }  // namespace korvexed

@@ -15,6 +15,8 @@ class QWidget;
 
 namespace korvexed {
 
+class ListBox;
+
 class QtPlatform : public Platform {
  public:
   // Adds three status panels to the window's status bar; message boxes are
@@ -41,9 +43,12 @@ class QtPlatform : public Platform {
   Modifiers key_state() const override;
   void set_busy(bool busy) override;
   bool locale_decimal_comma() const override;
-  void list_row_inserted(ListId, int) override {}
-  void list_row_removed(ListId, int) override {}
-  void list_reset(ListId) override {}
+  void list_row_inserted(ListId list, int row) override;
+  void list_row_removed(ListId list, int row) override;
+  void list_reset(ListId list) override;
+
+  // The list control that shows `list`.
+  void set_list(ListId list, ListBox* box);
 
  private:
   std::string AskFileName(QFileDialog::AcceptMode mode);
@@ -57,6 +62,7 @@ class QtPlatform : public Platform {
   std::vector<QWidget*> widgets_;
   QAction* save_ = nullptr;
   QAction* export_ = nullptr;
+  std::array<ListBox*, 3> lists_{};
 };
 
 }  // namespace korvexed

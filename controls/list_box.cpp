@@ -1,0 +1,238 @@
+#include "controls/list_box.h"
+
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionFocusRect>
+#include <algorithm>
+#include <cmath>
+
+namespace korvexed {
+
+namespace {
+
+QFont ListFont() {
+  const QString courier = QStringLiteral("Courier New");
+  if (QFontDatabase::families().contains(courier)) return QFont(courier, 10);
+  return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+}
+
+// Text that starts this far right of the line's left edge.
+constexpr int text_margin = 3;
+
+}  // namespace
+
+ListBox::ListBox(QWidget* parent) : QAbstractScrollArea(parent) {
+  setFont(ListFont());
+  line_height_ = fontMetrics().height() + 1;
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setFocusPolicy(Qt::StrongFocus);
+  viewport()->setBackgroundRole(QPalette::Base);
+  viewport()->setAutoFillBackground(true);
+  verticalScrollBar()->setSingleStep(1);
+}
+
+void ListBox::set_source(std::vector<uint8_t>* selected, int32_t* caret, LineText text) {
+  selected_ = selected;
+  caret_ = caret;
+  text_ = std::move(text);
+  anchor_ = 0;
+  reset();
+}
+
+int ListBox::line_count() const { return selected_ ? static_cast<int>(selected_->size()) : 0; }
+
+int ListBox::top_line() const { return verticalScrollBar()->value(); }
+
+void ListBox::set_top_line(int line) { verticalScrollBar()->setValue(line); }
+
+int ListBox::line_at(QPoint viewport_pos) const {
+  if (viewport_pos.y() < 0) return -1;
+  const int line = top_line() + viewport_pos.y() / line_height_;
+  return line < line_count() ? line : -1;
+}
+
+QRect ListBox::line_rect(int line) const {
+  return QRect(0, (line - top_line()) * line_height_, viewport()->width(), line_height_);
+}
+
+void ListBox::row_inserted(int row) {
+  // The lines on screen stay where they are.
+  if (row < top_line()) set_top_line(top_line() + 1);
+  if (anchor_ >= row) ++anchor_;
+  reset();
+}
+
+void ListBox::row_removed(int row) {
+  if (row < top_line()) set_top_line(top_line() - 1);
+  if (anchor_ > row) --anchor_;
+  reset();
+}
+
+void ListBox::reset() {
+  if (!updating()) return;
+  SyncScrollRange();
+  anchor_ = std::clamp(anchor_, 0, std::max(line_count() - 1, 0));
+  const int32_t caret = caret_ ? *caret_ : -1;
+  // A caret moved by the owner (a slider, a layer click) comes into view.
+  if (caret != shown_caret_) ShowLine(caret);
+  shown_caret_ = caret;
+  viewport()->update();
+}
+
+void ListBox::HideListBox() { ++hidden_; }
+
+void ListBox::ShowListBox() {
+  if (hidden_ > 0) --hidden_;
+  reset();
+}
+
+int ListBox::VisibleLines() const { return std::max(1, viewport()->height() / line_height_); }
+
+void ListBox::SyncScrollRange() {
+  QScrollBar* bar = verticalScrollBar();
+  const int page = VisibleLines();
+  bar->setPageStep(page);
+  bar->setRange(0, std::max(0, line_count() - page));
+}
+
+void ListBox::ShowLine(int line) {
+  if (line < 0) return;
+  if (line < top_line())
+    set_top_line(line);
+  else if (line >= top_line() + VisibleLines())
+    set_top_line(line - VisibleLines() + 1);
+}
+
+void ListBox::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  SyncScrollRange();
+}
+
+void ListBox::paintEvent(QPaintEvent*) {
+  if (!selected_ || !updating()) return;
+  QPainter painter(viewport());
+  const QPalette::ColorGroup group = hasFocus() ? QPalette::Active : QPalette::Inactive;
+  const QColor highlight = palette().color(group, QPalette::Highlight);
+  const QColor highlighted_text = palette().color(group, QPalette::HighlightedText);
+  const QColor text = palette().color(group, QPalette::Text);
+  const int last = std::min(line_count(), top_line() + VisibleLines() + 1);
+  for (int line = top_line(); line < last; ++line) {
+    const QRect rect = line_rect(line);
+    const bool selected = (*selected_)[static_cast<size_t>(line)] != 0;
+    if (selected) painter.fillRect(rect, highlight);
+    painter.setPen(selected ? highlighted_text : text);
+    painter.drawText(rect.adjusted(text_margin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     QString::fromStdString(text_(line)));
+  }
+  if (hasFocus() && caret_ && *caret_ >= top_line() && *caret_ < last) {
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = line_rect(*caret_);
+    focus.backgroundColor = (*selected_)[static_cast<size_t>(*caret_)] ? highlight : palette().color(QPalette::Base);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+  }
+}
+
+void ListBox::SelectRange(int from, int to) {
+  if (from > to) std::swap(from, to);
+  std::fill(selected_->begin() + from, selected_->begin() + to + 1, 1);
+}
+
+void ListBox::Choose(int line, Pick pick) {
+  if (!selected_ || line < 0 || line >= line_count()) return;
+  auto& selected = *selected_;
+  switch (pick) {
+    case Pick::only:
+      std::fill(selected.begin(), selected.end(), 0);
+      selected[static_cast<size_t>(line)] = 1;
+      anchor_ = line;
+      break;
+    case Pick::toggle:
+      selected[static_cast<size_t>(line)] = !selected[static_cast<size_t>(line)];
+      anchor_ = line;
+      break;
+    case Pick::range:
+      std::fill(selected.begin(), selected.end(), 0);
+      SelectRange(anchor_, line);
+      break;
+    case Pick::add_range:
+      SelectRange(anchor_, line);
+      break;
+    case Pick::caret_only:
+      break;
+  }
+  *caret_ = line;
+  shown_caret_ = line;
+  ShowLine(line);
+  viewport()->update();
+  if (pick != Pick::caret_only) emit clicked();
+}
+
+void ListBox::mousePressEvent(QMouseEvent* event) {
+  emit mouse_down(event->button());
+  if (event->button() != Qt::LeftButton) return;
+  const int line = line_at(event->position().toPoint());
+  if (line < 0) return;
+  const Qt::KeyboardModifiers mods = event->modifiers();
+  const bool shift = mods.testFlag(Qt::ShiftModifier), ctrl = mods.testFlag(Qt::ControlModifier);
+  dragging_ = !ctrl;
+  Choose(line, shift ? (ctrl ? Pick::add_range : Pick::range) : ctrl ? Pick::toggle : Pick::only);
+}
+
+void ListBox::mouseMoveEvent(QMouseEvent* event) {
+  if (!dragging_ || !(event->buttons() & Qt::LeftButton) || !caret_) return;
+  // Dragging stretches the range from the pressed line; past an edge it scrolls.
+  const int y = static_cast<int>(std::floor(event->position().y()));
+  const int offset = y >= 0 ? y / line_height_ : (y + 1) / line_height_ - 1;
+  const int line = std::clamp(top_line() + offset, 0, line_count() - 1);
+  if (line != *caret_) Choose(line, Pick::range);
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent* event) {
+  dragging_ = false;
+  if (event->button() == Qt::RightButton) emit right_clicked(event->globalPosition().toPoint());
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event) {
+  if (!caret_ || line_count() == 0) return QAbstractScrollArea::keyPressEvent(event);
+  const Qt::KeyboardModifiers mods = event->modifiers();
+  const bool shift = mods.testFlag(Qt::ShiftModifier), ctrl = mods.testFlag(Qt::ControlModifier);
+  const int caret = std::max(*caret_, 0);
+  const int page = VisibleLines();
+  int target = -1;
+  switch (event->key()) {
+    case Qt::Key_Up: target = caret - 1; break;
+    case Qt::Key_Down: target = caret + 1; break;
+    case Qt::Key_PageUp: target = caret - page; break;
+    case Qt::Key_PageDown: target = caret + page; break;
+    case Qt::Key_Home: target = 0; break;
+    case Qt::Key_End: target = line_count() - 1; break;
+    case Qt::Key_Space:
+      Choose(caret, ctrl ? Pick::toggle : shift ? Pick::range : Pick::only);
+      return;
+    case Qt::Key_A:
+      if (!ctrl) return QAbstractScrollArea::keyPressEvent(event);
+      std::fill(selected_->begin(), selected_->end(), 1);
+      Choose(caret, Pick::add_range);
+      return;
+    default: return QAbstractScrollArea::keyPressEvent(event);
+  }
+  target = std::clamp(target, 0, line_count() - 1);
+  Choose(target, shift ? Pick::range : ctrl ? Pick::caret_only : Pick::only);
+}
+
+void ListBox::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void ListBox::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
+}
+
+}  // namespace korvexed
