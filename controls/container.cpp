@@ -1,0 +1,10 @@
+#include "controls/container.h"
+
+namespace korvexed {
+
+Container::Container(QWidget* parent) : QWidget(parent) {
+  setBackgroundRole(QPalette::Button);
+  setAutoFillBackground(true);
+}
+
+}  // namespace korvexed
