@@ -5,15 +5,21 @@
 
 namespace korvexed {
 
-std::string CommandLineFile(const std::vector<std::string>& arguments) {
+StartupCommand ReadCommandLine(const std::vector<std::string>& arguments) {
   std::string line;
   for (const std::string& argument : arguments) {
     if (!line.empty()) line += ' ';
     line += argument;
   }
-  if (!line.empty() && line.front() == '"') line = line.size() < 2 ? std::string() : line.substr(1, line.size() - 2);
+  StartupCommand command;
+  command.file = line;
+  if (!line.empty() && line.front() == '"') command.file = line.size() < 2 ? std::string() : line.substr(1, line.size() - 2);
   std::error_code error;
-  return std::filesystem::is_regular_file(line, error) ? line : std::string();
+  if (!std::filesystem::is_regular_file(command.file, error)) {
+    command.debug = line.find("DEBUG") != std::string::npos;
+    command.file.clear();
+  }
+  return command;
 }
 
 }  // namespace korvexed

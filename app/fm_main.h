@@ -81,9 +81,14 @@ class FmMain : public QMainWindow {
   void BuildToolbar();
   void BuildSidePanel();
   void BuildDrawingArea();
-  // Places the drawing area's controls right of the side panel.
+  // The toolbar, side panel, splitter and drawing area in the window.
   void ArrangeDrawArea();
+  // The rulers, picDraw and the sliders inside the drawing area.
+  void ArrangeDrawingControls();
+  // The buttons and lists inside the side panel's two tabs.
   void ArrangeSidePanel();
+  // Resizes of the window's parts lay their children out again.
+  bool LayOut(QObject* watched, QEvent* event);
 
   // fm_main_menus.cpp.
   void BuildMenus();
@@ -108,6 +113,9 @@ class FmMain : public QMainWindow {
   std::string command_file_;
   bool debug_mode_ = false;
   std::string base_title_;
+  // The check marks of "&Layer Range Scroll", "&Data Range Scroll",
+  // "Show &Movement" and "Show &Arrow".
+  std::array<bool, 4> settings_{};
 
   // Toolbar.
   QWidget* picTool_ = nullptr;
@@ -117,6 +125,7 @@ class FmMain : public QMainWindow {
 
   // Side panel.
   ShrinkWnd* panelGCode_ = nullptr;
+  int panel_now_ = 0;  // the panel's width, also while it opens or shuts
   CoolTab* tabGCode_ = nullptr;
   Container* cntGCode_ = nullptr;
   Container* cntGSelect_ = nullptr;

@@ -14,13 +14,25 @@ namespace korvexed::testing {
 
 namespace fs = std::filesystem;
 
-MessageBoxWatcher::MessageBoxWatcher() {
+DialogWatcher::DialogWatcher() {
   QObject::connect(&timer_, &QTimer::timeout, [this] { Answer(); });
   timer_.start(5);
 }
 
-void MessageBoxWatcher::Answer() {
-  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+void DialogWatcher::Answer() {
+  QWidget* modal = QApplication::activeModalWidget();
+  if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
+    choosers.push_back({chooser->acceptMode(), chooser->fileMode(), chooser->nameFilters()});
+    if (paths.empty()) {
+      chooser->reject();
+      return;
+    }
+    chooser->selectFile(paths.front());
+    paths.pop_front();
+    chooser->accept();
+    return;
+  }
+  auto* box = qobject_cast<QMessageBox*>(modal);
   if (!box) return;
   const QCursor* pointer = QApplication::overrideCursor();
   seen.push_back({box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
@@ -36,31 +48,41 @@ void MessageBoxWatcher::Answer() {
     box->reject();
 }
 
-void SummaryWindowTest::SetUp() {
+void FmMainTest::SetUp() {
   dir_ = fs::temp_directory_path() / ("korvexed_gui_" + std::to_string(::getpid()));
   fs::create_directories(dir_);
-  doc.file_name.clear();
-  doc.modified = false;
-  window_ = std::make_unique<SummaryWindow>();
+  StartWith({});
 }
 
-void SummaryWindowTest::TearDown() {
+void FmMainTest::StartWith(const std::vector<std::string>& arguments) {
+  window_.reset();
+  doc.file_name.clear();
+  doc.modified = false;
+  window_ = std::make_unique<FmMain>(arguments);
+  window_->Start();
+}
+
+void FmMainTest::TearDown() {
+  // Nothing asks before the window goes.
+  doc.modified = false;
   window_.reset();
   fs::remove_all(dir_);
 }
 
-std::string SummaryWindowTest::Write(const std::string& name, const std::string& content) {
+std::string FmMainTest::Write(const std::string& name, const std::string& content) {
   const fs::path path = dir_ / name;
   fs::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << content;
   return path.string();
 }
 
-QAction* SummaryWindowTest::Action(const QString& text) const {
+QAction* FmMainTest::Item(const QString& name) const {
   for (QAction* action : window_->findChildren<QAction*>())
-    if (action->text() == text) return action;
-  ADD_FAILURE() << "no action " << text.toStdString();
+    if (action->objectName() == name) return action;
+  ADD_FAILURE() << "no menu item " << name.toStdString();
   return nullptr;
 }
+
+QString FmMainTest::Status(int panel) const { return dynamic_cast<QtPlatform&>(platform()).status_text(panel); }
 
 }  // namespace korvexed::testing

@@ -1,8 +1,10 @@
 #pragma once
 // The editor window under test without a display: a scratch folder, the
-// window itself, and a watcher that answers its message boxes.
+// window itself, and watchers that answer its message boxes and file
+// choosers.
 #include <gtest/gtest.h>
 
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QString>
 #include <QTimer>
@@ -13,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "app/summary_window.h"
+#include "app/fm_main.h"
 
 // Readable QString values in failure messages.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
@@ -22,9 +24,10 @@ class QAction;
 
 namespace korvexed::testing {
 
-// Answers every message box that opens, records it, and clicks the queued
-// answer (or the box's only button).
-class MessageBoxWatcher {
+// Answers every modal message box and file chooser that opens, records
+// it, and clicks the queued answer (or the box's only button; a chooser
+// with no queued path is cancelled).
+class DialogWatcher {
  public:
   struct Seen {
     QString title, text;
@@ -32,11 +35,18 @@ class MessageBoxWatcher {
     QMessageBox::StandardButtons buttons;
     Qt::CursorShape pointer;
   };
+  struct Chooser {
+    QFileDialog::AcceptMode mode;
+    QFileDialog::FileMode file_mode;
+    QStringList filters;
+  };
 
-  MessageBoxWatcher();
+  DialogWatcher();
 
   std::vector<Seen> seen;
   std::deque<QMessageBox::StandardButton> answers;
+  std::vector<Chooser> choosers;
+  std::deque<QString> paths;
 
  private:
   void Answer();
@@ -44,19 +54,28 @@ class MessageBoxWatcher {
   QTimer timer_;
 };
 
-class SummaryWindowTest : public ::testing::Test {
+class FmMainTest : public ::testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
 
+  // A fresh window started from this command line.
+  void StartWith(const std::vector<std::string>& arguments);
   std::string Write(const std::string& name, const std::string& content);
-  // The window's menu entry or action captioned `text`.
-  QAction* Action(const QString& text) const;
+  // The window's control or menu item with this object name.
+  QAction* Item(const QString& name) const;
+  template <typename T>
+  T* Control(const QString& name) const {
+    T* control = window_->findChild<T*>(name);
+    if (!control) ADD_FAILURE() << "no control " << name.toStdString();
+    return control;
+  }
+  QString Status(int panel = 1) const;
   static QString Q(const std::string& s) { return QString::fromStdString(s); }
 
   std::filesystem::path dir_;
-  MessageBoxWatcher boxes_;
-  std::unique_ptr<SummaryWindow> window_;
+  DialogWatcher dialogs_;
+  std::unique_ptr<FmMain> window_;
 };
 
 }  // namespace korvexed::testing

@@ -1,18 +1,17 @@
 // The drawing area of the window, driven by real events: what it shows,
-// the wheel, the View and Setting menus, the layer table and resizing.
+// the wheel, the View and Settings menus, and resizing.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QImage>
-#include <QSplitter>
-#include <QTableView>
 #include <QTest>
 #include <QWheelEvent>
 #include <cmath>
 #include <string>
 
 #include "document/document.h"
+#include "editing/list_state.h"
 #include "tests/gui_fixture.h"
 #include "view/korvexed_graphic.h"
 #include "view/world_view.h"
@@ -42,11 +41,10 @@ struct WorldPoint {
   double x, y;
 };
 
-class DrawAreaTest : public SummaryWindowTest {
+class DrawAreaTest : public FmMainTest {
  protected:
   void SetUp() override {
-    SummaryWindowTest::SetUp();
-    window_->show();
+    FmMainTest::SetUp();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
     area_ = window_->findChild<QWidget*>(QStringLiteral("picDraw"));
     ASSERT_NE(area_, nullptr);
@@ -54,10 +52,9 @@ class DrawAreaTest : public SummaryWindowTest {
 
   void Load() { window_->LoadCommand(Write("print.gcode", print)); }
 
-  void ClickLayer(int row) {
-    auto* table = window_->findChild<QTableView*>(QStringLiteral("tblLayers"));
-    const QRect cell = table->visualRect(table->model()->index(row, 0));
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, cell.center());
+  static void ShowLayer(int layer) {
+    ShowSingleLayer(layer);
+    RedrawView();
   }
 
   // Sends the wheel turn to the area; true when the area took it, false
@@ -100,8 +97,8 @@ TEST_F(DrawAreaTest, StartsWithTheDrawingAsLargeAsTheAreaAndBothSettingsOn) {
   EXPECT_EQ(view.view_xmax, 20);
   EXPECT_EQ(view.view_scale, area_->width() / 40.0);
 
-  QAction* movement = Action(QStringLiteral("Show &Movement"));
-  QAction* arrow = Action(QStringLiteral("Show &Arrow"));
+  QAction* movement = Item(QStringLiteral("poSetting_2"));
+  QAction* arrow = Item(QStringLiteral("poSetting_3"));
   EXPECT_TRUE(movement->isChecked());
   EXPECT_TRUE(arrow->isChecked());
   EXPECT_EQ(movement->shortcut(), QKeySequence(Qt::Key_F7));
@@ -112,8 +109,8 @@ TEST_F(DrawAreaTest, StartsWithTheDrawingAsLargeAsTheAreaAndBothSettingsOn) {
 
 TEST_F(DrawAreaTest, ShowsTheDrawingBitmapTopDown) {
   Load();
-  ClickLayer(1);
-  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  ShowLayer(1);
+  Item(QStringLiteral("poView_2"))->trigger();
   ASSERT_EQ(ColourAtWorld(30, 15), extrusion);
 
   const QImage shown = area_->grab().toImage();
@@ -170,21 +167,21 @@ TEST_F(DrawAreaTest, ZoomFromTheMenuKeepsTheCentreAndClearsTheBusyPointer) {
   const double scale = view.view_scale;
   const WorldPoint before = WorldAt(centre);
 
-  Action(QStringLiteral("&Zoom +"))->trigger();
+  Item(QStringLiteral("poView_0"))->trigger();
   EXPECT_EQ(view.view_scale, scale * 1.2);
   const WorldPoint after = WorldAt(centre);
   EXPECT_NEAR(after.x, before.x, 1 / view.view_scale);
   EXPECT_NEAR(after.y, before.y, 1 / view.view_scale);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 
-  Action(QStringLiteral("Zoom -"))->trigger();
+  Item(QStringLiteral("poView_1"))->trigger();
   EXPECT_EQ(view.view_scale, scale * 1.2 * 0.8);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(DrawAreaTest, GrowingTheAreaShowsMoreWorldAtTheSameScale) {
   Load();
-  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  Item(QStringLiteral("poView_2"))->trigger();
   const WorldView before = view;
   const int width = area_->width(), height = area_->height();
 
@@ -207,41 +204,29 @@ TEST_F(DrawAreaTest, GrowingTheAreaShowsMoreWorldAtTheSameScale) {
 }
 
 TEST_F(DrawAreaTest, ACollapsedAreaKeepsItsDrawing) {
-  auto* splitter = window_->findChild<QSplitter*>();
-  const QSize size = area_->size();
-  splitter->setSizes({splitter->width(), 0});
-  QTRY_COMPARE(area_->width(), 0);
-  EXPECT_EQ(drawing.picture.width, size.width());
-  splitter->setSizes({1, splitter->width()});
-  QTRY_VERIFY(area_->width() > 0);
+  const QSize size = window_->size();
+  const int width = area_->width();
+  window_->resize(size.width(), 150);
+  QTRY_COMPARE(area_->height(), 0);
+  EXPECT_EQ(drawing.picture.width, width);
+  window_->resize(size);
+  QTRY_VERIFY(area_->height() > 0);
   EXPECT_EQ(drawing.picture.width, area_->width());
-}
-
-TEST_F(DrawAreaTest, ClickingALayerRowShowsThatLayerAlone) {
-  Load();
-  Action(QStringLiteral("Zoom &Fit"))->trigger();
-  ClickLayer(1);
-  EXPECT_EQ(doc.current_layer, 1);
-  EXPECT_EQ(ColourAtWorld(30, 15), extrusion);
-
-  ClickLayer(2);
-  EXPECT_EQ(doc.current_layer, 2);
-  EXPECT_EQ(ColourAtWorld(20, -7.5), extrusion);
-  EXPECT_NE(ColourAtWorld(30, 15), extrusion);
+  EXPECT_EQ(drawing.picture.height, area_->height());
 }
 
 TEST_F(DrawAreaTest, ShowMovementTogglesTheTravelMoves) {
   Load();
-  ClickLayer(1);
-  Action(QStringLiteral("Zoom &Fit"))->trigger();
+  ShowLayer(1);
+  Item(QStringLiteral("poView_2"))->trigger();
   EXPECT_GT(CountPixels(travel), 100);
 
-  Action(QStringLiteral("Show &Movement"))->trigger();
+  Item(QStringLiteral("poSetting_2"))->trigger();
   EXPECT_FALSE(draw_settings.show_movement);
   EXPECT_EQ(CountPixels(travel), 0);
   EXPECT_GT(CountPixels(extrusion), 100);
 
-  Action(QStringLiteral("Show &Movement"))->trigger();
+  Item(QStringLiteral("poSetting_2"))->trigger();
   EXPECT_TRUE(draw_settings.show_movement);
   EXPECT_GT(CountPixels(travel), 100);
 }

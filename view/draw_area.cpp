@@ -42,7 +42,7 @@ void DrawArea::resizeEvent(QResizeEvent* event) {
 }
 
 void DrawArea::wheelEvent(QWheelEvent* event) {
-  if (!IsDocumentLoaded()) {
+  if (!wheel_zoom_ || !IsDocumentLoaded()) {
     event->ignore();
     return;
   }

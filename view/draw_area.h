@@ -16,6 +16,8 @@ class DrawArea : public QWidget, public PictureScreen {
   explicit DrawArea(QWidget* parent = nullptr);
 
   void show_picture(const Bitmap& picture) override;
+  // Whether the wheel zooms the view (while a document is loaded).
+  void set_wheel_zoom(bool on) { wheel_zoom_ = on; }
 
  signals:
   // The area has its first real size: the drawing can be made that large.
@@ -32,6 +34,7 @@ class DrawArea : public QWidget, public PictureScreen {
   QImage painter_;
   QSize shown_;  // the picture's part of the painter
   bool sized_ = false;
+  bool wheel_zoom_ = true;
 };
 
 }  // namespace korvexed

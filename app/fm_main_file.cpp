@@ -1,0 +1,87 @@
+// The File menu: open, save, save under a new name, the tagged export, and
+// the question before the document is dropped.
+#include <QFile>
+
+#include "app/fm_main.h"
+#include "document/document.h"
+#include "document/korvexed_file.h"
+#include "editing/list_state.h"
+#include "view/korvexed_graphic.h"
+
+namespace korvexed {
+
+namespace {
+constexpr uint8_t code_save = 1, code_save_as = 2, code_export = 3;
+}  // namespace
+
+void FmMain::poFile_Click(int index) {
+  switch (index) {
+    case 0: {
+      if (!AskSaveChanges()) return;
+      const std::string path = platform().ask_open_file_name();
+      if (!path.empty()) LoadCommand(path);
+      break;
+    }
+    case 1: SaveFileFunc(code_save); break;
+    case 2: SaveFileFunc(code_save_as); break;
+    case 5: close(); break;
+    default: break;
+  }
+}
+
+void FmMain::poExport_Click(int index) {
+  if (index == 0) SaveFileFunc(code_export);
+}
+
+void FmMain::LoadCommand(const std::string& path) {
+  const BusyPointer busy;
+  if (LoadGCode(path)) {
+    doc.file_name = path;
+    SetCaption();
+    FillLayerList();
+    ShowStatus("Load successful " + doc.file_name, 1);
+    doc.modified = false;
+  } else if (IsDocumentLoaded()) {
+    // The file could not be opened: the document before it is intact.
+    ShowStatus("Load failed " + path, 1);
+  } else {
+    doc.file_name.clear();
+    SetCaption();
+    ShowStatus("Load failed " + path, 1);
+  }
+  RedrawView();
+}
+
+void FmMain::SaveFileFunc(uint8_t code) {
+  const std::string name = code == code_save ? doc.file_name : AskNewSaveFileName();
+  if (name.empty()) return;
+  const BusyPointer busy;
+  const bool exporting = code == code_export;
+  if (!SaveGCode(name, exporting ? save_tagged : save_plain)) {
+    ShowStatus((exporting ? "Export failed " : "Save failed ") + name, 1);
+  } else if (exporting) {
+    // The document stays bound to the file it came from.
+    ShowStatus("Export successful " + name, 1);
+  } else {
+    doc.file_name = name;
+    SetCaption();
+    ShowStatus("Save successful " + doc.file_name, 1);
+    doc.modified = false;
+  }
+}
+
+std::string FmMain::AskNewSaveFileName() { return platform().ask_save_file_name(); }
+
+bool FmMain::AskSaveChanges() {
+  if (!doc.modified) return true;
+  const MsgAnswer answer = platform().message_box(doc.file_name + " has been modified. Save changes?",
+                                                  MsgIcon::exclamation, MsgButtons::yes_no_cancel);
+  if (answer == MsgAnswer::no) return true;
+  if (answer == MsgAnswer::cancel) return false;
+  const BusyPointer busy;
+  if (!SaveGCode(doc.file_name, save_plain)) return false;
+  doc.modified = false;
+  return true;
+}
+
+}  // namespace korvexed
