@@ -61,7 +61,7 @@ std::string Lines(const char* const (&lines)[n]) {
 
 // A pop-up menu: never in the menu bar, shown only at the pointer. Its
 // actions also live in the window, so that their shortcuts work.
-QMenu* PopupMenu(QMainWindow* window, const char* name) {
+QMenu* NewPopupMenu(QMainWindow* window, const char* name) {
   auto* menu = new QMenu(QStringLiteral("_%1").arg(QLatin1String(name)), window);
   menu->setObjectName(QString::fromLatin1(name));
   return menu;
@@ -134,22 +134,22 @@ void FmMain::BuildMenus() {
 }
 
 void FmMain::BuildPopupMenus() {
-  mnLstLayer_ = PopupMenu(this, "mnLstLayer");
+  mnLstLayer_ = NewPopupMenu(this, "mnLstLayer");
   poLstlayer_ = {AddItem(mnLstLayer_, "poLstlayer", 0, QStringLiteral("View &Single")),
                  AddItem(mnLstLayer_, "poLstlayer", 1, QStringLiteral("View &Invert")),
                  AddItem(mnLstLayer_, "poLstlayer", 2, QStringLiteral("View &All"))};
-  mnLstData_ = PopupMenu(this, "mnLstData");
+  mnLstData_ = NewPopupMenu(this, "mnLstData");
   poLstData_ = {AddItem(mnLstData_, "poLstData", 0, QStringLiteral("View &None")),
                 AddItem(mnLstData_, "poLstData", 1, QStringLiteral("View &Invert")),
                 AddItem(mnLstData_, "poLstData", 2, QStringLiteral("View &Selected")),
                 AddItem(mnLstData_, "poLstData", 3, QStringLiteral("View &Extruded")),
                 AddItem(mnLstData_, "poLstData", 4, QStringLiteral("View &All"))};
-  mnLstSelect_ = PopupMenu(this, "mnLstSelect");
+  mnLstSelect_ = NewPopupMenu(this, "mnLstSelect");
   poLstSelect_ = {AddItem(mnLstSelect_, "poLstSelect", 0, QStringLiteral("Select &None")),
                   AddItem(mnLstSelect_, "poLstSelect", 1, QStringLiteral("Select &Invert")),
                   AddItem(mnLstSelect_, "poLstSelect", 2, QStringLiteral("Select &All"))};
 
-  mnSelectEdit_ = PopupMenu(this, "mnSelectEdit");
+  mnSelectEdit_ = NewPopupMenu(this, "mnSelectEdit");
   poSelectEdit_ = {
       AddItem(mnSelectEdit_, "poSelectEdit", 0, QStringLiteral("&Copy Selected Data"), QKeySequence(Qt::CTRL | Qt::Key_C)),
       AddItem(mnSelectEdit_, "poSelectEdit", 1, QStringLiteral("Cu&t Selected Data"), QKeySequence(Qt::CTRL | Qt::Key_X)),
@@ -157,7 +157,7 @@ void FmMain::BuildPopupMenus() {
       AddItem(mnSelectEdit_, "poSelectEdit", 3, QStringLiteral("Change &Feedrate"), QKeySequence(Qt::CTRL | Qt::Key_F)),
       AddItem(mnSelectEdit_, "poSelectEdit", 4, QStringLiteral("&Delete Selected Data"), Qt::Key_Delete)};
 
-  mnUnSelectEdit_ = PopupMenu(this, "mnUnSelectEdit");
+  mnUnSelectEdit_ = NewPopupMenu(this, "mnUnSelectEdit");
   poUnSelectEdit_ = {
       AddItem(mnUnSelectEdit_, "poUnSelectEdit", 0, QStringLiteral("&Paste GCode"), QKeySequence(Qt::CTRL | Qt::Key_V))};
   QMenu* insert = mnUnSelectEdit_->addMenu(QStringLiteral("&Insert Point(s)"));
@@ -170,7 +170,7 @@ void FmMain::BuildPopupMenus() {
   poUnSelectEdit_.push_back(AddItem(mnUnSelectEdit_, "poUnSelectEdit", 3, QStringLiteral("Add &Last Point"),
                                     QKeySequence(Qt::CTRL | Qt::Key_F2)));
 
-  popLstLayer_ = PopupMenu(this, "popLstLayer");
+  popLstLayer_ = NewPopupMenu(this, "popLstLayer");
   poPopLayer_ = {AddItem(popLstLayer_, "poPopLayer", 0, QStringLiteral("&Copy Selected Layers")),
                  AddItem(popLstLayer_, "poPopLayer", 1, QStringLiteral("Cu&t Selected Layers")),
                  AddItem(popLstLayer_, "poPopLayer", 2, QStringLiteral("&Edit Selected Layer")),
