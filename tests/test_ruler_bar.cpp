@@ -1,0 +1,95 @@
+// The ruler widgets as the view feeds them: what they take from their size,
+// and what they paint.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPalette>
+
+#include "view/ruler_bar.h"
+
+using namespace korvexed;
+
+namespace {
+
+// The pixels of `image` in the ruler's ink, along one line.
+int InkAlongColumn(const QImage& image, int x, QRgb ink) {
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) count += image.pixel(x, y) == ink;
+  return count;
+}
+
+int InkAlongRow(const QImage& image, int y, QRgb ink) {
+  int count = 0;
+  for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == ink;
+  return count;
+}
+
+// Pixels of anything but the background in a rectangle: ticks or text.
+int Marked(const QImage& image, const QRect& area, QRgb paper) {
+  int count = 0;
+  for (int y = area.top(); y <= area.bottom(); ++y)
+    for (int x = area.left(); x <= area.right(); ++x) count += image.pixel(x, y) != paper;
+  return count;
+}
+
+QRgb Ink(const RulerBar& ruler) { return ruler.palette().color(QPalette::Text).rgb(); }
+QRgb Paper(const RulerBar& ruler) { return ruler.palette().color(QPalette::Base).rgb(); }
+
+TEST(RulerBar, HorizontalRulerSpreadsTheViewsLengthOverItsWidth) {
+  RulerBar ruler(Qt::Horizontal);
+  ruler.resize(400, ruler.sizeHint().height());
+  ruler.set_unit("cm");
+  ruler.set_start_value(-1.2);
+  ruler.set_length(8);  // 50 px a centimetre
+  EXPECT_EQ(ruler.length_per_pixel(), 0.02);
+  EXPECT_EQ(ruler.step(), 1);
+  EXPECT_EQ(ruler.first_value(), -2);
+
+  const QImage image = ruler.grab().toImage();
+  const QRgb ink = Ink(ruler);
+  // Majors at -1, 0, 1... : 10, 60, 110 px, across the whole ruler.
+  for (int x : {10, 60, 110, 360}) EXPECT_EQ(InkAlongColumn(image, x, ink), image.height()) << x;
+  // A minor tick rises from the bottom to half the height.
+  EXPECT_EQ(InkAlongColumn(image, 95, ink), image.height() / 2 - 1);
+  // The labels stand at the top right of their major ticks: "-1cm" after
+  // 10 px, nothing before it.
+  const int line = ruler.text_height();
+  EXPECT_EQ(Marked(image, QRect(0, 0, 10, line), Paper(ruler)), 0);
+  EXPECT_GT(Marked(image, QRect(12, 0, 30, line), Paper(ruler)), 20);
+}
+
+TEST(RulerBar, VerticalRulerCountsDownFromItsTopEdge) {
+  RulerBar ruler(Qt::Vertical);
+  EXPECT_EQ(ruler.orientation(), 3);
+  ruler.resize(ruler.sizeHint().width(), 500);
+  ruler.set_start_value(2.5);
+  ruler.set_length(-10);
+  EXPECT_EQ(ruler.length_per_pixel(), -0.02);
+  EXPECT_EQ(ruler.first_value(), 3);
+  const QImage image = ruler.grab().toImage();
+  // 2 stands 0.5 below the top: 25 px; 1 at 75 px.
+  for (int y : {25, 75, 125}) EXPECT_EQ(InkAlongRow(image, y, Ink(ruler)), image.width()) << y;
+}
+
+TEST(RulerBar, ResizingKeepsTheValuePerPixel) {
+  RulerBar ruler(Qt::Horizontal);
+  ruler.resize(400, 30);
+  ruler.set_length(8);
+  ruler.resize(800, 30);
+  EXPECT_EQ(ruler.length_per_pixel(), 0.02);
+  EXPECT_EQ(ruler.length(), 16);
+}
+
+TEST(RulerBar, DivisionReadsBackTheRoundedStartValue) {
+  RulerBar ruler(Qt::Horizontal);
+  ruler.set_start_value(7.6);
+  EXPECT_EQ(ruler.division(), 8);
+  ruler.resize(400, 30);
+  ruler.set_length(400);  // 1 per pixel
+  ruler.set_division(0);
+  EXPECT_EQ(ruler.step(), 100);
+  ruler.set_division(2);
+  EXPECT_EQ(ruler.step(), 8);  // the first power of 2 at least 6 px long
+}
+
+}  // namespace
