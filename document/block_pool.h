@@ -1,26 +1,27 @@
 #pragma once
 #include <cstdint>
-#include <memory>
-#include <vector>
+
+#include "document/reserved_array.h"
 
 namespace korvexed {
 
-// An array that grows by whole blocks of `Block` elements. Growing never
-// moves what is already stored, so a pool of millions of records costs one
-// allocation per block instead of a copy of everything at each step.
+// An array whose capacity grows by whole blocks of `Block` elements. Its
+// storage never moves, so a pool of millions of records is never copied.
 template <class T, int32_t Block>
 class BlockPool {
  public:
-  static constexpr int32_t block_size = Block;
+  T& operator[](int32_t i) { return items_[static_cast<size_t>(i)]; }
+  const T& operator[](int32_t i) const { return items_[static_cast<size_t>(i)]; }
 
-  T& operator[](int32_t i) { return blocks_[i / Block][i % Block]; }
-  const T& operator[](int32_t i) const { return blocks_[i / Block][i % Block]; }
-
-  int32_t capacity() const { return static_cast<int32_t>(blocks_.size()) * Block; }
-  void grow() { blocks_.push_back(std::make_unique<T[]>(Block)); }
+  int32_t capacity() const { return capacity_; }
+  void grow() {
+    items_.reserve(static_cast<size_t>(capacity_) + Block);
+    capacity_ += Block;
+  }
 
  private:
-  std::vector<std::unique_ptr<T[]>> blocks_;
+  ReservedArray<T> items_;
+  int32_t capacity_ = 0;
 };
 
 }  // namespace korvexed

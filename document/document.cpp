@@ -9,12 +9,26 @@ namespace korvexed {
 Document doc;
 
 void Document::ensure_g_capacity(layer_data& layer) {
-  if (layer.g_count >= layer.g_capacity()) layer.g.resize(static_cast<size_t>(layer.g_count + entry_chunk));
+  if (layer.g_count >= layer.g_capacity()) layer.g.set_capacity(layer.g_count + entry_chunk);
+  if (layer.g_count < layer.g.room()) return;
+  if (layer.g.end_of_room() == entry_pool.data() + entry_pool_used) {
+    // The last stretch of the pool grows in place.
+    entry_pool.reserve(++entry_pool_used);
+    layer.g.widen(layer.g.room() + 1);
+  } else {
+    layer.g.move_to_own(layer.g_capacity());
+  }
 }
 
 int32_t Document::new_coor_record() {
   if (coor_list_count >= coor_list.capacity()) coor_list.grow();
   return coor_list_count++;
+}
+
+uint32_t Document::add_comment(std::string_view text) {
+  if (text.empty()) return 0;
+  const uint32_t last = comment_list.size() - 1;
+  return last > 0 && comment_list[last] == text ? last : comment_list.add(text);
 }
 
 namespace {
@@ -61,6 +75,9 @@ void AddLayer(std::string_view line, const FieldPositions& fields, std::string_v
   }
   if (doc.layer_count >= doc.layer_capacity()) doc.layer_list.resize(static_cast<size_t>(doc.layer_count + layer_chunk));
   layer_data& layer = doc.layer(doc.layer_count);
+  // The layer's entries go behind those of the layer before.
+  doc.entry_pool.reserve(doc.entry_pool_used + 1);
+  layer.g.place_at(doc.entry_pool.data() + doc.entry_pool_used);
   layer.z = doc.current_z;
   layer.g_count = 0;
   layer.coor_count = 0;
@@ -81,7 +98,7 @@ void AddMoveRecord(line_kind kind, std::string_view line, const FieldPositions& 
   c.y = last.y;
   c.e = last.e;
   c.f = last.f;
-  c.comment = doc.comment_list.add(comment);
+  c.comment = doc.add_comment(comment);
   c.e_delta = c.e - prev.e;
   c.d_delta = (prev.x - c.x) * (prev.x - c.x) + (prev.y - c.y) * (prev.y - c.y);
   if (layer->coor_count < 1 && doc.layer_count > 1) {
@@ -104,19 +121,18 @@ void AddG92Record(std::string_view line, const FieldPositions& fields, std::stri
   c.e = given.e;
   c.f = given.f;
   c.no_extrude = true;
-  c.comment = doc.comment_list.add(comment);
+  c.comment = doc.add_comment(comment);
 }
 
 void AddTextRecord(std::string_view line, std::string_view comment) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
   doc.ensure_g_capacity(*layer);
-  if (doc.text_list_count >= doc.text_list.capacity()) doc.text_list.grow();
-  std::string& text = doc.text_list[doc.text_list_count];
-  text.assign(line);
-  if (!comment.empty()) {
-    text += ';';
-    text.append(comment);
+  if (doc.text_list_count >= doc.text_list.capacity()) doc.text_list.grow(text_chunk);
+  if (comment.empty()) {
+    doc.text_list.add(line);
+  } else {
+    doc.text_list.add(line, ';', comment);
   }
   layer->g[static_cast<size_t>(layer->g_count)] = {line_kind::text, doc.text_list_count};
   ++layer->g_count;
@@ -131,7 +147,10 @@ void ResetDocument(bool loaded) {
   doc.layer_count = 0;
   doc.current_z = 0;
   doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
+  doc.text_list.clear();
   doc.comment_list.clear();
+  doc.comment_list.add("");
+  doc.entry_pool_used = 0;
   const std::string first_line = "G1 Z" + FormatNumber(0, true);
   AddLayer(first_line, FindFields(first_line), "");
   doc.layer_tagged = 0;

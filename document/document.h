@@ -7,11 +7,12 @@
 #include <vector>
 
 #include "document/block_pool.h"
+#include "document/entry_array.h"
+#include "document/reserved_array.h"
 #include "document/text_arena.h"
+#include "document/text_list.h"
 
 namespace korvexed {
-
-enum class line_kind : uint8_t { text = 0, layer_change = 1, g1 = 2, g0 = 3, g92 = 4 };
 
 inline bool is_move(line_kind k) { return k == line_kind::g1 || k == line_kind::g0; }
 inline bool is_coordinate(line_kind k) { return is_move(k) || k == line_kind::g92; }
@@ -28,11 +29,6 @@ inline constexpr int32_t entry_chunk = 1000;
 inline constexpr int32_t coor_chunk = 10000;
 inline constexpr int32_t text_chunk = 10000;
 
-struct g_entry {
-  line_kind kind = line_kind::text;
-  int32_t index = 0;  // into coor_list for g1/g0/g92, into text_list for text
-};
-
 struct coor_data {
   double x = 0, y = 0, e = 0, f = 0;
   double e_delta = 0;  // E advanced by this move
@@ -43,12 +39,12 @@ struct coor_data {
 
 struct layer_data {
   double z = 0;
-  std::vector<g_entry> g;  // allocated length is g_capacity()
+  EntryArray g;
   int32_t g_count = 0;
   double dz = 0;
   int32_t coor_count = 0;  // entries of kind g1 or g0
 
-  int32_t g_capacity() const { return static_cast<int32_t>(g.size()); }
+  int32_t g_capacity() const { return g.capacity(); }
 };
 
 struct Document {
@@ -58,10 +54,15 @@ struct Document {
   BlockPool<coor_data, coor_chunk> coor_list;
   int32_t coor_list_count = 0;
 
-  BlockPool<std::string, text_chunk> text_list;
+  TextList text_list;
   int32_t text_list_count = 0;
 
+  // The comments of coordinate records; id 0 is the empty comment.
   TextArena comment_list;
+  // The layers' entries while a file is read, each layer packed behind the
+  // one before it.
+  ReservedArray<g_entry> entry_pool;
+  size_t entry_pool_used = 0;
 
   std::string file_name;
   bool modified = false;
@@ -81,12 +82,15 @@ struct Document {
   layer_data& layer(int32_t i) { return layer_list[static_cast<size_t>(i)]; }
   coor_data& coor(const g_entry& e) { return coor_list[e.index]; }
   coor_data& coor(int32_t layer_index, int32_t entry) { return coor_list[layer(layer_index).g[static_cast<size_t>(entry)].index]; }
-  std::string_view comment(const coor_data& c) const { return comment_list[c.comment]; }
+  std::string_view comment(const coor_data& c) const { return c.comment ? comment_list[c.comment] : std::string_view{}; }
 
   // Room for one more entry in `layer` (grows g by entry_chunk).
   void ensure_g_capacity(layer_data& layer);
   // Index of a fresh record at the end of the pool (grows by coor_chunk).
   int32_t new_coor_record();
+  // The id of a record's comment; a run of moves with the same comment
+  // shares one copy.
+  uint32_t add_comment(std::string_view text);
 };
 
 // The process-wide document.

@@ -1,34 +1,38 @@
 #include "document/text_arena.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace korvexed {
 
-TextArena::TextArena() { clear(); }
-
-uint32_t TextArena::add(std::string_view text) {
-  if (text.empty()) return 0;
-  // Runs of moves often carry the same comment: store it once.
-  if (spans_.size() > 1 && spans_.back() == text) return static_cast<uint32_t>(spans_.size() - 1);
-  if (text.size() > free_in_block_) {
-    const size_t size = std::max(block_bytes, text.size());
-    blocks_.push_back(std::make_unique<char[]>(size));
-    next_ = blocks_.back().get();
-    free_in_block_ = size;
-  }
-  std::memcpy(next_, text.data(), text.size());
-  spans_.emplace_back(next_, text.size());
-  next_ += text.size();
-  free_in_block_ -= text.size();
-  return static_cast<uint32_t>(spans_.size() - 1);
+char* TextArena::append(size_t bytes) {
+  bytes_.reserve(used_ + bytes);
+  char* start = bytes_.data() + used_;
+  used_ += bytes;
+  return start;
 }
 
-void TextArena::clear() {
-  blocks_.clear();
-  free_in_block_ = 0;
-  next_ = nullptr;
-  spans_.assign(1, std::string_view{});
+uint32_t TextArena::new_id(std::string_view stored) {
+  spans_.reserve(count_ + size_t{1});
+  spans_[count_] = stored;
+  return count_++;
 }
+
+std::string_view TextArena::store(std::string_view text) {
+  char* start = append(text.size());
+  if (!text.empty()) std::memcpy(start, text.data(), text.size());
+  return {start, text.size()};
+}
+
+uint32_t TextArena::add(std::string_view text) { return new_id(store(text)); }
+
+uint32_t TextArena::add(std::string_view head, char joint, std::string_view tail) {
+  char* start = append(head.size() + 1 + tail.size());
+  if (!head.empty()) std::memcpy(start, head.data(), head.size());
+  start[head.size()] = joint;
+  if (!tail.empty()) std::memcpy(start + head.size() + 1, tail.data(), tail.size());
+  return new_id({start, head.size() + 1 + tail.size()});
+}
+
+void TextArena::replace(uint32_t id, std::string_view text) { spans_[id] = store(text); }
 
 }  // namespace korvexed

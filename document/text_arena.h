@@ -1,28 +1,36 @@
 #pragma once
 #include <cstdint>
-#include <memory>
 #include <string_view>
-#include <vector>
+
+#include "document/reserved_array.h"
 
 namespace korvexed {
 
-// Append-only store of short texts (the comments of coordinate records),
-// addressed by a 32-bit id. Id 0 is always the empty text. Texts are packed
-// into large blocks, so a million commented moves do not cost a million
-// heap strings.
+// Append-only store of texts addressed by a 32-bit id, all packed into one
+// reserved byte array: a million lines do not cost a million heap strings,
+// and the texts never move.
 class TextArena {
  public:
-  TextArena();
   uint32_t add(std::string_view text);
+  // The text head, joint and tail, stored as one.
+  uint32_t add(std::string_view head, char joint, std::string_view tail);
+  // The text of `id` becomes `text`; the old bytes stay unused until clear.
+  void replace(uint32_t id, std::string_view text);
+
   std::string_view operator[](uint32_t id) const { return spans_[id]; }
-  void clear();
+  uint32_t size() const { return count_; }
+  void clear() { count_ = 0, used_ = 0; }
 
  private:
-  static constexpr size_t block_bytes = 1 << 20;
-  std::vector<std::unique_ptr<char[]>> blocks_;
-  size_t free_in_block_ = 0;
-  char* next_ = nullptr;
-  std::vector<std::string_view> spans_;
+  // Room for `bytes` more bytes; their start.
+  char* append(size_t bytes);
+  std::string_view store(std::string_view text);
+  uint32_t new_id(std::string_view stored);
+
+  ReservedArray<char> bytes_;
+  size_t used_ = 0;
+  ReservedArray<std::string_view> spans_;
+  uint32_t count_ = 0;
 };
 
 }  // namespace korvexed
