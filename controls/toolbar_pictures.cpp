@@ -27,9 +27,18 @@ class Pen {
     accent_ = disabled ? ink_ : palette.color(QPalette::Normal, QPalette::Highlight);
   }
 
-  void stroke(const QPainterPath& path, bool accent = false, Qt::PenStyle style = Qt::SolidLine) {
+  void stroke(const QPainterPath& path, bool accent = false) {
     painter_.setBrush(Qt::NoBrush);
-    painter_.setPen(QPen(accent ? accent_ : ink_, kStroke, style, Qt::RoundCap, Qt::RoundJoin));
+    painter_.setPen(QPen(accent ? accent_ : ink_, kStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawPath(path);
+  }
+
+  // Short accent dashes; the round caps lengthen each dash by one stroke width.
+  void dashed(const QPainterPath& path) {
+    QPen pen(accent_, kStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    pen.setDashPattern({0.4, 1.6});
+    painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(pen);
     painter_.drawPath(path);
   }
 
@@ -134,7 +143,7 @@ void DrawDataRows(Pen& pen) {
 // Printed lines joined by a dashed travel move.
 void DrawMovement(Pen& pen) {
   pen.stroke(Polyline({{3, 21}, {3, 15}, {8, 15}}));
-  pen.stroke(Polyline({{8, 15}, {16, 8}}), true, Qt::DashLine);
+  pen.dashed(Polyline({{8, 15}, {16, 8}}));
   pen.stroke(Polyline({{16, 8}, {21, 8}, {21, 3}}));
   pen.dot(QPointF(8, 15), 2);
   pen.dot(QPointF(16, 8), 2);
@@ -206,13 +215,9 @@ class PictureEngine : public QIconEngine {
     painter->restore();
   }
 
+  // Asked for in device pixels; the icon sets the pixel ratio afterwards.
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    return scaledPixmap(size, mode, state, 1.0);
-  }
-
-  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal scale) override {
-    QPixmap pixmap(size * scale);
-    pixmap.setDevicePixelRatio(scale);
+    QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     paint(&painter, QRect(QPoint(), size), mode, state);
