@@ -47,9 +47,9 @@ struct Fields {
 };
 
 // Reads X, Y, E and F; the ones given become the last known values.
-Fields read_fields(std::string_view line, const FieldPositions& at) {
-  const Fields read{ParseFieldAt(line, at.x), ParseFieldAt(line, at.y), ParseFieldAt(line, at.e),
-                    ParseFieldAt(line, at.f)};
+Fields read_fields(std::string_view line, const LineFields& fields) {
+  const Fields read{FieldValue(line, fields, LineFields::x), FieldValue(line, fields, LineFields::y),
+                    FieldValue(line, fields, LineFields::e), FieldValue(line, fields, LineFields::f)};
   coor_data& last = doc.last_coor;
   if (read.x != no_value) last.x = read.x;
   if (read.y != no_value) last.y = read.y;
@@ -68,7 +68,7 @@ coor_data& append_coordinate_entry(layer_data& layer, line_kind kind) {
 
 }  // namespace
 
-void AddLayer(std::string_view line, const FieldPositions& fields, std::string_view comment) {
+void AddLayer(std::string_view line, const LineFields& fields, std::string_view comment) {
   if (doc.layer_count >= max_data_count) {
     doc.data_limit_hit = true;
     return;
@@ -87,7 +87,7 @@ void AddLayer(std::string_view line, const FieldPositions& fields, std::string_v
   AddMoveRecord(line.starts_with("G1") ? line_kind::g1 : line_kind::g0, line, fields, comment);
 }
 
-void AddMoveRecord(line_kind kind, std::string_view line, const FieldPositions& fields, std::string_view comment) {
+void AddMoveRecord(line_kind kind, std::string_view line, const LineFields& fields, std::string_view comment) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
   const coor_data prev = doc.last_coor;
@@ -110,7 +110,7 @@ void AddMoveRecord(line_kind kind, std::string_view line, const FieldPositions& 
   ++layer->coor_count;
 }
 
-void AddG92Record(std::string_view line, const FieldPositions& fields, std::string_view comment) {
+void AddG92Record(std::string_view line, const LineFields& fields, std::string_view comment) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
   const Fields given = read_fields(line, fields);
@@ -152,7 +152,7 @@ void ResetDocument(bool loaded) {
   doc.comment_list.add("");
   doc.entry_pool_used = 0;
   const std::string first_line = "G1 Z" + FormatNumber(0, true);
-  AddLayer(first_line, FindFields(first_line), "");
+  AddLayer(first_line, ScanFields(first_line), "");
   doc.layer_tagged = 0;
 }
 

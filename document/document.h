@@ -96,15 +96,15 @@ struct Document {
 // The process-wide document.
 extern Document doc;
 
-struct FieldPositions;
+struct LineFields;
 
 // Filling the model from G-code lines (already split from their comments,
-// their key letters found by FindFields). A refused addition (a limit
+// their fields scanned by ScanFields). A refused addition (a limit
 // reached) changes nothing but data_limit_hit. A malformed number throws
 // NumberError before anything is added.
-void AddLayer(std::string_view line, const FieldPositions& fields, std::string_view comment);  // at current_z
-void AddMoveRecord(line_kind kind, std::string_view line, const FieldPositions& fields, std::string_view comment);
-void AddG92Record(std::string_view line, const FieldPositions& fields, std::string_view comment);
+void AddLayer(std::string_view line, const LineFields& fields, std::string_view comment);  // at current_z
+void AddMoveRecord(line_kind kind, std::string_view line, const LineFields& fields, std::string_view comment);
+void AddG92Record(std::string_view line, const LineFields& fields, std::string_view comment);
 void AddTextRecord(std::string_view line, std::string_view comment);
 
 // Empties the document when `loaded` is false (one layer holding G1 Z0);

@@ -26,13 +26,18 @@ void read_piece(std::string_view piece, int64_t& n) {
   // Only a ";LAYER:" behind the line's first ";" marks a tagged file.
   if (doc.layer_count <= 4 && doc.layer_tagged == 0 && comment.find(";LAYER:") != std::string_view::npos)
     doc.layer_tagged = 1;
-  const FieldPositions fields = FindFields(line);
-  switch (const line_kind kind = ClassifyLine(line, doc.current_z, fields)) {
-    case line_kind::text: AddTextRecord(line, comment); break;
-    case line_kind::layer_change: AddLayer(line, fields, comment); break;
-    case line_kind::g1:
-    case line_kind::g0: AddMoveRecord(kind, line, fields, comment); break;
-    case line_kind::g92: AddG92Record(line, fields, comment); break;
+  const line_kind command = CommandKind(line);
+  if (command == line_kind::text) {
+    AddTextRecord(line, comment);
+    return;
+  }
+  const LineFields fields = ScanFields(line);
+  if (command == line_kind::g92) {
+    AddG92Record(line, fields, comment);
+  } else if (const line_kind kind = ClassifyMove(command, line, fields, doc.current_z); kind == line_kind::layer_change) {
+    AddLayer(line, fields, comment);
+  } else {
+    AddMoveRecord(kind, line, fields, comment);
   }
 }
 

@@ -20,43 +20,26 @@ std::string_view SplitComment(std::string_view& line) {
   return comment;
 }
 
-FieldPositions FindFields(std::string_view line) {
-  constexpr size_t none = std::string_view::npos;
-  // Slot of each key letter, plus one; 0 for every other character.
-  static constexpr auto slot_of = [] {
-    std::array<uint8_t, 256> slots{};
-    slots['X'] = 1;
-    slots['Y'] = 2;
-    slots['Z'] = 3;
-    slots['E'] = 4;
-    slots['F'] = 5;
-    return slots;
-  }();
-  FieldPositions found{none, none, none, none, none};
-  size_t* const positions[] = {&found.x, &found.y, &found.z, &found.e, &found.f};
-  for (size_t i = 3; i < line.size(); ++i) {
-    const uint8_t slot = slot_of[static_cast<unsigned char>(line[i])];
-    if (slot && *positions[slot - 1] == none) *positions[slot - 1] = i;
-  }
-  return found;
-}
-
-line_kind ClassifyLine(std::string_view line, double& current_z, const FieldPositions& fields) {
+line_kind CommandKind(std::string_view line) {
   if (line.size() < 2) return line_kind::text;
   if (line.starts_with("G92")) return line_kind::g92;
-  const bool g1 = line.starts_with("G1 ") || line.starts_with("G01 ");
-  const bool g0 = !g1 && (line.starts_with("G0 ") || line.starts_with("G00 "));
-  if (!g1 && !g0) return line_kind::text;
-  const double z = ParseFieldAt(line, fields.z);
+  if (line.starts_with("G1 ") || line.starts_with("G01 ")) return line_kind::g1;
+  if (line.starts_with("G0 ") || line.starts_with("G00 ")) return line_kind::g0;
+  return line_kind::text;
+}
+
+line_kind ClassifyMove(line_kind command, std::string_view line, const LineFields& fields, double& current_z) {
+  const double z = FieldValue(line, fields, LineFields::z);
   if (z != no_value && z != current_z) {
     current_z = z;
     return line_kind::layer_change;
   }
-  return g1 ? line_kind::g1 : line_kind::g0;
+  return command;
 }
 
 line_kind ClassifyLine(std::string_view line, double& current_z) {
-  return ClassifyLine(line, current_z, FindFields(line));
+  const line_kind command = CommandKind(line);
+  return is_move(command) ? ClassifyMove(command, line, ScanFields(line), current_z) : command;
 }
 
 namespace {
@@ -151,21 +134,61 @@ double convert_number(std::string_view text, bool comma) {
 }
 
 // The common field of slicer output, "-12.345" with a period and up to 15
-// digits, read in one pass; no_value for anything else, which
+// digits, read in one pass from `i`: false for anything else, which
 // convert_number then reads or rejects.
-double plain_decimal(std::string_view line, size_t i) {
-  if (doc.decimal_comma) return no_value;
+bool plain_decimal(std::string_view line, size_t i, double& value, size_t& end) {
+  if (doc.decimal_comma) return false;
   const bool negative = i < line.size() && line[i] == '-';
   const DigitRun run = read_digits(line, i + negative, false);
-  if (!run.exact() || (run.end < line.size() && is_field_char(line[run.end]))) return no_value;
-  return negative ? -run.value() : run.value();
+  if (!run.exact() || (run.end < line.size() && is_field_char(line[run.end]))) return false;
+  value = negative ? -run.value() : run.value();
+  end = run.end;
+  return true;
 }
 
 }  // namespace
 
+LineFields ScanFields(std::string_view line) {
+  // Slot of each key letter, plus one; 0 for every other character.
+  static constexpr auto slot_of = [] {
+    std::array<uint8_t, 256> slots{};
+    slots['X'] = 1 + LineFields::x;
+    slots['Y'] = 1 + LineFields::y;
+    slots['Z'] = 1 + LineFields::z;
+    slots['E'] = 1 + LineFields::e;
+    slots['F'] = 1 + LineFields::f;
+    return slots;
+  }();
+  LineFields found;
+  std::fill(std::begin(found.at), std::end(found.at), std::string_view::npos);
+  uint8_t seen = 0;
+  for (size_t i = 3; i < line.size();) {
+    const uint8_t slot = slot_of[static_cast<unsigned char>(line[i])];
+    const uint8_t bit = slot ? static_cast<uint8_t>(1u << (slot - 1)) : 0;
+    if (!bit || (seen & bit)) {
+      ++i;
+      continue;
+    }
+    seen |= bit;
+    found.at[slot - 1] = i;
+    // A number read here is skipped: no key letter stands inside it.
+    if (plain_decimal(line, i + 1, found.value[slot - 1], i)) {
+      found.read |= bit;
+    } else {
+      ++i;
+    }
+  }
+  return found;
+}
+
+double FieldValue(std::string_view line, const LineFields& fields, LineFields::Key key) {
+  return fields.read & (1u << key) ? fields.value[key] : ParseFieldAt(line, fields.at[key]);
+}
+
 double ParseFieldAt(std::string_view line, size_t key_position) {
   if (key_position == std::string_view::npos) return no_value;
-  if (const double value = plain_decimal(line, key_position + 1); value != no_value) return value;
+  double value = 0;
+  if (size_t end = 0; plain_decimal(line, key_position + 1, value, end)) return value;
   // The character right behind the key is taken whatever it is.
   const size_t start = std::min(key_position + 1, line.size());
   size_t stop = key_position + 2;

@@ -1,6 +1,7 @@
 #pragma once
 // Line and number helpers: comment splitting, line classification, field
 // parsing and the number text of the program.
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -21,17 +22,26 @@ class NumberError : public std::runtime_error {
 // (trailing blanks included), the result is what follows it.
 std::string_view SplitComment(std::string_view& line);
 
-// Where each key letter first stands in a line, searched from the fourth
-// character on (the command word is never searched); npos when absent.
-// One pass finds all five, so a move line is scanned once.
-struct FieldPositions {
-  size_t x, y, z, e, f;
+// The key letters X, Y, Z, E and F of a line, each where it first stands
+// from the fourth character on (the command word is never searched), and
+// its number when it is a plain decimal that the same pass could read. A
+// field in any other form is read, or refused, only when it is asked for.
+struct LineFields {
+  enum Key : uint8_t { x, y, z, e, f };
+  size_t at[5];    // npos when absent
+  double value[5];
+  uint8_t read = 0;  // bit 1 << key: value[key] holds the number
 };
-FieldPositions FindFields(std::string_view line);
+LineFields ScanFields(std::string_view line);
+// The number of `key`: no_value when absent. Throws NumberError.
+double FieldValue(std::string_view line, const LineFields& fields, LineFields::Key key);
 
-// The kind of a line without its comment. A move whose Z differs from
+// The kind that a line's command word gives: text, g1, g0 or g92.
+line_kind CommandKind(std::string_view line);
+// The kind of a move (command g1 or g0): a move whose Z differs from
 // `current_z` is a layer change and sets `current_z`.
-line_kind ClassifyLine(std::string_view line, double& current_z, const FieldPositions& fields);
+line_kind ClassifyMove(line_kind command, std::string_view line, const LineFields& fields, double& current_z);
+// The kind of a line without its comment (both steps above).
 line_kind ClassifyLine(std::string_view line, double& current_z);
 
 // The number behind `key` ('X', 'Y', 'Z', 'E' or 'F'), searched from the
