@@ -7,6 +7,7 @@
 #include <QScrollBar>
 
 #include "app/command_line.h"
+#include "app/icons/program_icon.h"
 #include "app/program_title.h"
 #include "controls/cool_tab.h"
 #include "controls/shrink_wnd.h"
@@ -35,7 +36,7 @@ FmMain::FmMain(const std::vector<std::string>& arguments)
 
   base_title_ = BaseTitle();
   setWindowTitle(QString::fromStdString(base_title_));
-  setWindowIcon(QIcon(QStringLiteral(":/icons/korvexed.svg")));
+  setWindowIcon(ProgramIcon());
 
   set_platform(&platform_);
   ResetDocument(false);

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QTest>
 #include <fstream>
 
 #include <unistd.h>
@@ -29,7 +30,7 @@ void DialogWatcher::Answer() {
     }
     chooser->selectFile(paths.front());
     paths.pop_front();
-    chooser->accept();
+    static_cast<QDialog*>(chooser)->accept();  // public on QDialog, protected on QFileDialog
     return;
   }
   auto* box = qobject_cast<QMessageBox*>(modal);
@@ -60,6 +61,9 @@ void FmMainTest::StartWith(const std::vector<std::string>& arguments) {
   doc.modified = false;
   window_ = std::make_unique<FmMain>(arguments);
   window_->Start();
+  // Shortcuts reach only the active window.
+  window_->activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
 }
 
 void FmMainTest::TearDown() {
