@@ -83,11 +83,24 @@ void ListBox::reset() {
   viewport()->update();
 }
 
+void ListBox::refilled() {
+  refill_pending_ = true;
+  if (!updating()) return;
+  refill_pending_ = false;
+  SyncScrollRange();
+  set_top_line(0);
+  shown_caret_ = -1;
+  reset();
+}
+
 void ListBox::HideListBox() { ++hidden_; }
 
 void ListBox::ShowListBox() {
   if (hidden_ > 0) --hidden_;
-  reset();
+  if (refill_pending_)
+    refilled();
+  else
+    reset();
 }
 
 int ListBox::VisibleLines() const { return std::max(1, viewport()->height() / line_height_); }

@@ -28,6 +28,8 @@ class ListBox : public QAbstractScrollArea {
   void row_inserted(int row);
   void row_removed(int row);
   void reset();
+  // New lines: shown from the first.
+  void refilled();
 
   int line_count() const;
   int line_height() const { return line_height_; }
@@ -81,6 +83,7 @@ class ListBox : public QAbstractScrollArea {
   int32_t shown_caret_ = -1;
   int line_height_ = 1;
   int hidden_ = 0;
+  bool refill_pending_ = false;
   bool dragging_ = false;
 };
 

@@ -4,7 +4,10 @@
 #include <charconv>
 
 #include "document/document.h"
+#include "document/korvexed_file.h"
+#include "editing/list_events.h"
 #include "platform/platform.h"
+#include "view/korvexed_graphic.h"
 
 namespace korvexed {
 
@@ -36,11 +39,11 @@ void caret_after_remove(int32_t& caret, int32_t row) {
   else if (caret > row) --caret;
 }
 
-int32_t count_set(const std::vector<uint8_t>& states) {
+}  // namespace
+
+int32_t CountSelected(const std::vector<uint8_t>& states) {
   return static_cast<int32_t>(std::count_if(states.begin(), states.end(), [](uint8_t s) { return s != 0; }));
 }
-
-}  // namespace
 
 std::string LayerLineText(int32_t layer) {
   std::string text = "L";
@@ -50,31 +53,33 @@ std::string LayerLineText(int32_t layer) {
   return text;
 }
 
+std::string DataLineText(int32_t row) {
+  return RecordText(doc.layer(doc.current_layer).g[at(row)], row, true, false, false);
+}
+
+std::string SelectLineText(int32_t line) { return DataLineText(lists.row_to_g[at(line)]); }
+
 void FillLayerList() {
   if (lists.refresh_guard) return;
-  ShowSingleLayer(0);
+  platform().set_slider_range(SliderId::layer, std::max(doc.layer_count - 1, 0), true);
+  lists.layer_selected.assign(at(doc.layer_count), 0);
+  lists.layer_caret = -1;
+  platform().list_refilled(ListId::layer);
+  if (doc.layer_count > 0) ShowSingleLayer(0);
 }
 
 void ShowSingleLayer(int32_t layer) {
-  lists.layer_selected.assign(at(doc.layer_count), 0);
+  std::fill(lists.layer_selected.begin(), lists.layer_selected.end(), 0);
   lists.layer_selected[at(layer)] = 1;
   lists.layer_caret = layer;
   platform().list_reset(ListId::layer);
-
-  doc.current_layer = layer;
-  const int32_t records = doc.layer(layer).g_count;
-  lists.data_selected.assign(at(records), 1);
-  lists.data_caret = records > 0 ? 0 : -1;
-  lists.select_flag.assign(at(records), 0);
-  platform().list_reset(ListId::data);
-  RebuildSelectionList();
-
-  if (records > 0) ShowStatus("Data 0", 3);
-  ShowStatus("Layer " + std::to_string(layer), 2);
-  ShowStatus(LayerLineText(layer), 1);
+  LayerClick();
 }
 
-void RefreshLayerCaptions() { platform().list_reset(ListId::layer); }
+void RefreshLayerCaptions() {
+  platform().set_slider_range(SliderId::layer, std::max(doc.layer_count - 1, 0), true);
+  platform().list_reset(ListId::layer);
+}
 
 void DataViewCommand(int index) {
   if (lists.refresh_guard || lists.data_selected.empty()) return;
@@ -114,8 +119,9 @@ void RebuildSelectionList() {
     lists.row_to_g.push_back(i);
     lists.select_line.push_back(lists.select_flag[at(i)] != 0);
   }
-  platform().list_reset(ListId::select);
+  platform().list_refilled(ListId::select);
   lists.refresh_guard = false;
+  RedrawView();
 }
 
 void ApplySelection(bool list_to_flags) {
@@ -130,11 +136,13 @@ void ApplySelection(bool list_to_flags) {
     lists.refresh_guard = false;
   }
   SelectionStatus();
+  RedrawView();
 }
 
 void SelectionStatus() {
-  const int32_t flags = count_set(lists.select_flag);
-  const int32_t lines = count_set(lists.select_line);
+  int32_t flags = 0;
+  for (size_t i = 0; i < lists.data_selected.size(); ++i) flags += lists.data_selected[i] && lists.select_flag[i];
+  const int32_t lines = CountSelected(lists.select_line);
   if (flags != lines) {
     const std::string counts = std::to_string(flags) + " vs " + std::to_string(lines);
     platform().message_box("for debug purpose: data vs gui selection count not tally (" + counts + ")",
@@ -214,8 +222,12 @@ void ClearCurrentLayer() {
   lists.select_line.clear();
   lists.select_caret = -1;
   lists.select_flag.clear();
-  platform().list_reset(ListId::data);
-  platform().list_reset(ListId::select);
+  platform().list_reset(ListId::layer);
+  platform().list_refilled(ListId::data);
+  platform().list_refilled(ListId::select);
+  platform().set_list_button_enabled(ListId::data, false);
+  platform().set_list_button_enabled(ListId::select, false);
+  platform().set_slider_range(SliderId::data, 0, false);
 }
 
 }  // namespace korvexed

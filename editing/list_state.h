@@ -34,15 +34,23 @@ struct ListState {
 
 extern ListState lists;
 
+// How many of the lines are selected.
+int32_t CountSelected(const std::vector<uint8_t>& states);
+
 // "L12> Z3.6": the layer list's line for layer i.
 std::string LayerLineText(int32_t layer);
+// "D12> G1 X3 Y4": the numbered text of row r of the current layer, and of
+// line k of the selection list.
+std::string DataLineText(int32_t row);
+std::string SelectLineText(int32_t line);
 
 // After a load: every layer listed, layer 0 alone on view and current.
 void FillLayerList();
 // Makes `layer` current as a click on its line with no other layer on view:
 // every data row on view, no vertex marked.
 void ShowSingleLayer(int32_t layer);
-// Re-reads the Z captions of the layer list (after layers were removed).
+// Re-reads the Z captions of the layer list and the slider's range (after
+// layers were removed).
 void RefreshLayerCaptions();
 
 // Data view commands: 0 None, 1 Invert, 2 Selected, 3 Extruded, 4 All.
@@ -50,12 +58,14 @@ void DataViewCommand(int index);
 // Puts exactly these rows of the current layer on view.
 void SetDataRowsOnView(const std::vector<int32_t>& rows);
 
-// Rebuilds the selection list from the rows on view and the flags.
+// Rebuilds the selection list from the rows on view and the flags, and
+// redraws.
 void RebuildSelectionList();
 // Copies line states into flags (list_to_flags) or flags into line states;
-// then writes the selection status.
+// then writes the selection status and redraws.
 void ApplySelection(bool list_to_flags);
 // "3 vertices selected" in panel 1, "Data N" or "Multi Data" in panel 3.
+// Marks of rows taken off view are kept but not counted: they have no line.
 void SelectionStatus();
 // Select commands: 0 None, 1 Invert, 2 All.
 void SelectCommand(int index);
@@ -69,7 +79,8 @@ void RefreshListsAfterEdit();
 void ListRowInserted(int32_t r);
 void ListRowRemoved(int32_t r);
 void LayerRowRemoved(int32_t layer);
-// No layer current: the data and selection lists empty.
+// No layer current: the data and selection lists empty, their buttons and
+// the data slider disabled.
 void ClearCurrentLayer();
 
 }  // namespace korvexed

@@ -1,0 +1,250 @@
+// The layer, data and selection lists of the window, worked with the mouse
+// and keys on the real controls: their lines, sliders, buttons and menus.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <QTimer>
+#include <string>
+
+#include "controls/list_box.h"
+#include "document/document.h"
+#include "editing/list_state.h"
+#include "tests/gui_fixture.h"
+
+namespace korvexed::testing {
+namespace {
+
+// Layer 0 holds the set-up lines, layers 1 to 4 a Z move and two
+// extruding moves each.
+const char* const five_layers =
+    "G21\nG92 E0\n"
+    "G1 X10 Y10 Z0.2\nG1 X20 Y10 E1\nG1 X20 Y20 E2\n"
+    "G1 X10 Y10 Z0.4\nG1 X20 Y10 E3\nG1 X20 Y20 E4\n"
+    "G1 X10 Y10 Z0.6\nG1 X20 Y10 E5\nG1 X20 Y20 E6\n"
+    "G1 X10 Y10 Z0.8\nG1 X20 Y10 E7\nG1 X20 Y20 E8\n";
+
+using U8 = std::vector<uint8_t>;
+
+class ListsTest : public FmMainTest {
+ protected:
+  void SetUp() override {
+    FmMainTest::SetUp();
+    window_->LoadCommand(Write("five.gcode", five_layers));
+    QApplication::processEvents();
+  }
+  ListBox* List(const char* name) const { return Control<ListBox>(QString::fromLatin1(name)); }
+  QScrollBar* Slider(const char* name) const { return Control<QScrollBar>(QString::fromLatin1(name)); }
+  QPushButton* Button(const char* name) const { return Control<QPushButton>(QString::fromLatin1(name)); }
+
+  static void ClickLine(ListBox* list, int line, Qt::KeyboardModifiers keys = Qt::NoModifier,
+                        Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(list->viewport(), button, keys, list->line_rect(line).center());
+  }
+  // Drags the slider's thumb from its place to `value`, one step at a time.
+  static void DragSlider(QScrollBar* slider, int value) {
+    QStyleOptionSlider option;
+    option.initFrom(slider);
+    option.orientation = slider->orientation();
+    option.minimum = slider->minimum();
+    option.maximum = slider->maximum();
+    option.sliderPosition = option.sliderValue = slider->value();
+    option.pageStep = slider->pageStep();
+    const QStyle* style = slider->style();
+    const QRect thumb = style->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, slider);
+    const QRect groove = style->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarGroove, slider);
+    auto at = [&](int v) {
+      const int x = groove.left() + thumb.width() / 2 +
+                    (groove.width() - thumb.width()) * (v - option.minimum) / std::max(1, option.maximum - option.minimum);
+      return QPoint(x, thumb.center().y());
+    };
+    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, at(option.sliderValue));
+    const int step = value > option.sliderValue ? 1 : -1;
+    for (int v = option.sliderValue + step; v != value + step; v += step) QTest::mouseMove(slider, at(v));
+    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, at(value));
+  }
+  // Clicks the button and chooses the item captioned `caption` in the menu
+  // that it opens; records which items were enabled.
+  void ChooseFromMenu(QPushButton* button, const QString& caption) {
+    QTimer::singleShot(0, [this, caption] {
+      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      enabled_items_.clear();
+      for (QAction* item : menu->actions()) {
+        if (item->isEnabled()) enabled_items_ << item->text();
+        if (item->text() == caption) menu->setActiveAction(item);
+      }
+      QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QTest::mouseClick(button, Qt::LeftButton);
+  }
+  bool ToggleSetting(int index) {
+    Item(QStringLiteral("poSetting_%1").arg(index))->trigger();
+    return window_->setting(index);
+  }
+  int DebugMessages() const {
+    int n = 0;
+    for (const auto& box : dialogs_.seen) n += box.text.startsWith(QStringLiteral("for debug purpose"));
+    return n;
+  }
+
+  QStringList enabled_items_;
+};
+
+}  // namespace
+
+TEST_F(ListsTest, ALayerClickFillsTheDataListAndTheStatus) {
+  ListBox* layers = List("lstLayer");
+  ASSERT_EQ(layers->line_count(), 5);
+  ClickLine(layers, 2);
+  EXPECT_EQ(doc.current_layer, 2);
+  EXPECT_EQ(List("lstData")->line_count(), 3);
+  EXPECT_EQ(List("lstSelect")->line_count(), 3);
+  EXPECT_EQ(Slider("scrLayer")->value(), 2);
+  EXPECT_EQ(Slider("scrData")->maximum(), 2);
+  EXPECT_EQ(Status(2), QStringLiteral("Layer 2"));
+  EXPECT_EQ(Status(1), QStringLiteral("L2> Z0.4"));
+  EXPECT_EQ(Status(3), QStringLiteral("Data 0"));
+}
+
+TEST_F(ListsTest, DeselectingTheOnlyLayerSelectsItAgain) {
+  ClickLine(List("lstLayer"), 0, Qt::ControlModifier);
+  EXPECT_EQ(lists.layer_selected, (U8{1, 0, 0, 0, 0}));
+  EXPECT_EQ(doc.current_layer, 0);
+}
+
+TEST_F(ListsTest, DeselectingTheCurrentLayerMovesToTheNearestSelectedBelow) {
+  ListBox* layers = List("lstLayer");
+  ClickLine(layers, 1);
+  ClickLine(layers, 4, Qt::ShiftModifier);
+  ClickLine(layers, 2, Qt::ControlModifier);
+  EXPECT_EQ(lists.layer_selected, (U8{0, 1, 0, 1, 1}));
+  ClickLine(layers, 4, Qt::ControlModifier);
+  ClickLine(layers, 4, Qt::ControlModifier);
+  EXPECT_EQ(doc.current_layer, 4);
+  ClickLine(layers, 4, Qt::ControlModifier);
+  EXPECT_EQ(doc.current_layer, 3);
+  EXPECT_EQ(Status(2), QStringLiteral("Layer 3"));
+  EXPECT_EQ(DebugMessages(), 0);
+}
+
+TEST_F(ListsTest, ALayerWithoutRecordsDisablesTheDataControls) {
+  doc.layer(3).g_count = 0;
+  ClickLine(List("lstLayer"), 3);
+  EXPECT_FALSE(Button("cmdData")->isEnabled());
+  EXPECT_FALSE(Slider("scrData")->isEnabled());
+  EXPECT_EQ(List("lstData")->line_count(), 0);
+  ClickLine(List("lstLayer"), 2);
+  EXPECT_TRUE(Button("cmdData")->isEnabled());
+  EXPECT_TRUE(Slider("scrData")->isEnabled());
+}
+
+TEST_F(ListsTest, TheLayerSliderAddsLayersOnlyWithRangeScroll) {
+  QScrollBar* slider = Slider("scrLayer");
+  DragSlider(slider, 1);
+  ASSERT_TRUE(ToggleSetting(0));
+  DragSlider(slider, 3);
+  EXPECT_EQ(lists.layer_selected, (U8{0, 1, 1, 1, 0}));
+  EXPECT_EQ(doc.current_layer, 3);
+  EXPECT_EQ(List("lstLayer")->line_count(), 5);
+  ASSERT_FALSE(ToggleSetting(0));
+  DragSlider(slider, 4);
+  EXPECT_EQ(lists.layer_selected, (U8{0, 0, 0, 0, 1}));
+  EXPECT_EQ(Status(2), QStringLiteral("Layer 4"));
+  // The keyboard stays with the drawing.
+  EXPECT_EQ(QApplication::focusWidget(), Control<QWidget>(QStringLiteral("picDraw")));
+}
+
+TEST_F(ListsTest, TheDataSliderAddsRowsOnlyWithRangeScroll) {
+  ClickLine(List("lstLayer"), 1);
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  QScrollBar* slider = Slider("scrData");
+  ASSERT_TRUE(window_->setting(1));
+  DragSlider(slider, 2);
+  EXPECT_EQ(lists.data_selected, (U8{0, 1, 1}));
+  ASSERT_FALSE(ToggleSetting(1));
+  DragSlider(slider, 1);
+  EXPECT_EQ(lists.data_selected, (U8{0, 1, 0}));
+  EXPECT_EQ(Status(3), QStringLiteral("Data 1"));
+}
+
+TEST_F(ListsTest, ViewInvertWithEveryLayerSelected) {
+  ChooseFromMenu(Button("cmdLayer"), QStringLiteral("View &All"));
+  EXPECT_EQ(lists.layer_selected, (U8{1, 1, 1, 1, 1}));
+  ChooseFromMenu(Button("cmdLayer"), QStringLiteral("View &Invert"));
+  EXPECT_EQ(enabled_items_, (QStringList{QStringLiteral("View &Single"), QStringLiteral("View &Invert")}));
+  EXPECT_EQ(lists.layer_selected, (U8{1, 0, 0, 0, 0}));
+  EXPECT_EQ(doc.current_layer, 0);
+  EXPECT_EQ(List("lstData")->line_count(), doc.layer(0).g_count);
+}
+
+TEST_F(ListsTest, ViewNoneThenAClickOnOneLine) {
+  ClickLine(List("lstLayer"), 2);
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  EXPECT_EQ(List("lstSelect")->line_count(), 0);
+  ClickLine(List("lstData"), 1);
+  EXPECT_EQ(lists.data_selected, (U8{0, 1, 0}));
+  EXPECT_EQ(Status(3), QStringLiteral("Data 1"));
+  EXPECT_EQ(List("lstSelect")->line_count(), 1);
+}
+
+TEST_F(ListsTest, AVertexOffViewKeepsItsMark) {
+  ClickLine(List("lstLayer"), 2);
+  ClickLine(List("lstSelect"), 1);
+  EXPECT_EQ(Status(1), QString::fromStdString(SelectLineText(1)));
+  ClickLine(List("lstSelect"), 2, Qt::ControlModifier);
+  // A click on the selection list ends by showing its caret line.
+  EXPECT_EQ(Status(1), QString::fromStdString(SelectLineText(2)));
+  EXPECT_EQ(CountSelected(lists.select_flag), 2);
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  ClickLine(List("lstData"), 0);
+  ChooseFromMenu(Button("cmdSelect"), QStringLiteral("Select &All"));
+  EXPECT_EQ(Status(1), QStringLiteral("1 vertex selected"));
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &All"));
+  EXPECT_EQ(lists.select_line, (U8{1, 1, 1}));
+  EXPECT_EQ(DebugMessages(), 0);
+}
+
+TEST_F(ListsTest, KeysMoveTheCaretAndExtendTheSelection) {
+  ListBox* data = List("lstData");
+  ClickLine(List("lstLayer"), 1);
+  ClickLine(data, 0);
+  QTest::keyClick(data, Qt::Key_Down, Qt::ShiftModifier);
+  QTest::keyClick(data, Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(lists.data_selected, (U8{1, 1, 1}));
+  QTest::keyClick(data, Qt::Key_Home);
+  EXPECT_EQ(lists.data_selected, (U8{1, 0, 0}));
+  QTest::keyClick(data, Qt::Key_End, Qt::ControlModifier);
+  QTest::keyClick(data, Qt::Key_Space, Qt::ControlModifier);
+  EXPECT_EQ(lists.data_selected, (U8{1, 0, 1}));
+  EXPECT_EQ(Status(3), QStringLiteral("Data 2"));
+  QTest::keyClick(data, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(lists.data_selected, (U8{1, 1, 1}));
+}
+
+TEST_F(ListsTest, DeleteSelectedLayersFromTheLayerListsMenu) {
+  ListBox* layers = List("lstLayer");
+  ClickLine(layers, 2);
+  ClickLine(layers, 3, Qt::ControlModifier);
+  QTimer::singleShot(0, [] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->objectName(), QStringLiteral("popLstLayer"));
+    menu->setActiveAction(menu->actions().back());
+    QTest::keyClick(menu, Qt::Key_Return);
+  });
+  ClickLine(layers, 3, Qt::NoModifier, Qt::RightButton);
+  EXPECT_EQ(doc.layer_count, 3);
+  EXPECT_EQ(layers->line_count(), 3);
+  EXPECT_EQ(doc.current_layer, -1);
+  EXPECT_FALSE(Button("cmdData")->isEnabled());
+  EXPECT_EQ(Slider("scrLayer")->maximum(), 2);
+}
+
+}  // namespace korvexed::testing
