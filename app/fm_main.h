@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "editing/commands.h"
 #include "platform/qt_platform.h"
 
 class QAction;
@@ -162,6 +163,7 @@ class FmMain : public QMainWindow {
   // ---- State of the lists (fm_main_lists.cpp): add below. ----
 
   // ---- State of the drawing area's gestures (fm_main_mouse.cpp): add below. ----
+  FeedrateMemory feedrate_memory_;
 };
 
 }  // namespace korvexed

@@ -1,13 +1,42 @@
-// The drawing area's mouse and the editing commands of its pop-up menus
-// and of the Tools menu.
+// The drawing area's pop-up menus and the editing commands behind them
+// and behind the Tools menu. The gestures themselves are the drawing
+// area's (view/mouse_gesture).
 #include "app/fm_main.h"
+
+#include "controls/list_box.h"
+#include "view/draw_area.h"
+#include "view/korvexed_graphic.h"
+#include "view/mouse_gesture.h"
 
 namespace korvexed {
 
-void FmMain::ConnectDrawingArea() {}
-void FmMain::poSelectEdit_Click(int) {}
+void FmMain::ConnectDrawingArea() {
+  platform_.set_popup_menu(PopupMenu::select_edit, mnSelectEdit_, poSelectEdit_);
+  platform_.set_popup_menu(PopupMenu::unselect_edit, mnUnSelectEdit_, poUnSelectEdit_);
+}
+
+void FmMain::poSelectEdit_Click(int index) {
+  bool changed = false;
+  switch (index) {
+    case 2: changed = EditSelectedDataDialog(); break;
+    case 3: changed = ChangeFeedrateDialog(feedrate_memory_); break;
+    // Data rows (G92 and text lines) go too only when the command came
+    // from the data list.
+    case 4: changed = DeleteSelectedDataCommand(focusWidget() == lstData_); break;
+    default: return;  // Copy and Cut are inert
+  }
+  if (changed) RedrawView();
+}
+
+// Paste, Add First Point and Add Last Point are inert; Insert Point(s)
+// only opens poPoint.
 void FmMain::poUnSelectEdit_Click(int) {}
-void FmMain::poPoint_Click(int) {}
-void FmMain::poTools_Click(int) {}
+
+void FmMain::poPoint_Click(int index) { InsertPointsAtClick(index + 1); }
+
+void FmMain::poTools_Click(int index) {
+  // Ruler and Scale Extrusion Rate are inert.
+  if (index == 1 && TranslateDialog()) RedrawView();
+}
 
 }  // namespace korvexed

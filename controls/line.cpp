@@ -28,8 +28,6 @@ void Line::set_splitter(bool splitter) {
   }
 }
 
-bool Line::is_splitter() const { return splitter_; }
-
 QSize Line::sizeHint() const {
   return orientation_ == Qt::Horizontal ? QSize(16, kThickness) : QSize(kThickness, 16);
 }

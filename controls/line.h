@@ -14,7 +14,6 @@ class Line : public QWidget {
   Line(Qt::Orientation orientation, Style style, QWidget* parent = nullptr);
 
   void set_splitter(bool splitter);
-  bool is_splitter() const;
 
   QSize sizeHint() const override;
 

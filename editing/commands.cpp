@@ -1,9 +1,13 @@
 #include "editing/commands.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
+#include "editing/text_input.h"
+#include "editing/value_input.h"
 #include "platform/platform.h"
 
 namespace korvexed {
@@ -79,6 +83,31 @@ bool ReplaceTextCommand(int32_t r, const std::string& text) {
   replace_text_record(r, text);
   edited();
   return true;
+}
+
+bool ChangeFeedrateDialog(FeedrateMemory& memory) {
+  if (memory.new_f < 1.0) memory.new_f = 100.0;
+  std::array<ValueRow, 3> rows{{{"Old Feedrate (0 = All):", memory.old_f}, {"New Feedrate:", memory.new_f}, {}}};
+  if (!ValueInput("Change Feedrate F", rows)) return false;
+  memory.old_f = rows[0].value;
+  memory.new_f = rows[1].value;
+  return ChangeFeedrateCommand(memory.old_f, memory.new_f);
+}
+
+bool TranslateDialog() {
+  std::array<ValueRow, 3> rows{{{"Rotation (deg CCW +ve):", 0}, {"Offset X:", 0}, {"Offset Y:", 0}}};
+  ValueInput("Translate Data", rows);  // Cancel leaves the zeros, which then do nothing
+  return TranslateCommand(rows[0].value, rows[1].value, rows[2].value);
+}
+
+bool EditSelectedDataDialog() {
+  int32_t r = lists.data_caret;
+  if (!lists.row_to_g.empty()) {
+    const auto line = std::find_if(lists.select_line.begin(), lists.select_line.end(), [](uint8_t s) { return s != 0; });
+    if (line == lists.select_line.end()) return false;
+    r = lists.row_to_g[static_cast<size_t>(line - lists.select_line.begin())];
+  }
+  return r >= 0 && TextInput(r);
 }
 
 }  // namespace korvexed

@@ -24,4 +24,19 @@ void InsertPointsCommand(int32_t r, int32_t count, double x, double y);
 // when `text` differs from it; true when it did.
 bool ReplaceTextCommand(int32_t r, const std::string& text);
 
+// The same commands as the window runs them, through their dialogs. Each
+// is true when it changed the document; the caller then redraws.
+
+// The Change Feedrate dialog opens with the values typed last time.
+struct FeedrateMemory {
+  double old_f = 0;
+  double new_f = 0;
+};
+bool ChangeFeedrateDialog(FeedrateMemory& memory);
+// The three values start at 0 each time; after Cancel they stay 0.
+bool TranslateDialog();
+// Edits the first selected line of the selection list, or, when that list
+// is empty, the caret row of the data list.
+bool EditSelectedDataDialog();
+
 }  // namespace korvexed

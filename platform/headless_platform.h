@@ -1,6 +1,7 @@
 #pragma once
 #include <array>
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,15 @@ class HeadlessPlatform : public Platform {
   void list_row_inserted(ListId, int) override {}
   void list_row_removed(ListId, int) override {}
   void list_reset(ListId) override {}
+  void list_refilled(ListId) override {}
+  void set_list_button_enabled(ListId list, bool enabled) override { list_buttons[static_cast<size_t>(list)] = enabled; }
+  void set_slider_range(SliderId slider, int maximum, bool enabled) override;
+  void set_slider_value(SliderId slider, int value) override { sliders[static_cast<size_t>(slider)].value = value; }
+  void set_menu_item_enabled(PopupMenu menu, int index, bool enabled) override;
+  bool menu_item_enabled(PopupMenu menu, int index) const override;
+  void popup_menu(PopupMenu menu) override;
+  bool ask_values(ValueForm& form) override;
+  bool ask_record(RecordForm& form) override;
 
   std::string next_file_name() {
     if (file_names.empty()) return {};
@@ -55,6 +65,29 @@ class HeadlessPlatform : public Platform {
   Modifiers modifiers;
   int busy_depth = 0;
   bool decimal_comma = false;
+  // cmdLayer, cmdData, cmdSelect; scrLayer, scrData.
+  std::array<bool, 3> list_buttons{};
+  struct Slider {
+    int value = 0, maximum = 0;
+    bool enabled = false;
+  };
+  std::array<Slider, 2> sliders{};
+
+  // Pop-up menus: item enabled states (all enabled until set), the menus
+  // shown, and what the user does in each next one (nothing when none).
+  std::array<std::array<bool, 8>, 2> menu_enabled = [] {
+    std::array<std::array<bool, 8>, 2> all{};
+    for (auto& menu : all) menu.fill(true);
+    return all;
+  }();
+  std::vector<PopupMenu> menus_shown;
+  std::deque<std::function<void()>> menu_choices;
+  // Dialogs: the forms as shown, and the user's answers, front first; an
+  // answer types into the form and returns OK. No answer left: Cancel.
+  std::vector<ValueForm> value_forms;
+  std::vector<RecordForm> record_forms;
+  std::deque<std::function<bool(ValueForm&)>> value_answers;
+  std::deque<std::function<bool(RecordForm&)>> record_answers;
 };
 
 // Installs a fresh HeadlessPlatform for the lifetime of the object (tests).

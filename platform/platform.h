@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/forms.h"
+
 namespace korvexed {
 
 enum class MsgIcon { critical, question, exclamation, information };
@@ -17,6 +19,11 @@ struct Modifiers {
 
 // The three list boxes of the main window; they show the logic's list state.
 enum class ListId { layer, data, select };
+// The layer and data sliders below the drawing.
+enum class SliderId { layer, data };
+
+// The drawing area's two pop-up menus: on a marked vertex, and elsewhere.
+enum class PopupMenu { select_edit, unselect_edit };
 
 class Platform {
  public:
@@ -47,6 +54,24 @@ class Platform {
   virtual void list_row_inserted(ListId list, int row) = 0;
   virtual void list_row_removed(ListId list, int row) = 0;
   virtual void list_reset(ListId list) = 0;
+  // The list holds new lines: it shows them from its first line.
+  virtual void list_refilled(ListId list) = 0;
+  // The button above a list that opens its view menu.
+  virtual void set_list_button_enabled(ListId list, bool enabled) = 0;
+  // A slider's range 0..maximum and whether it can be moved. Setting its
+  // value does not raise its change: only the user's moves do.
+  virtual void set_slider_range(SliderId slider, int maximum, bool enabled) = 0;
+  virtual void set_slider_value(SliderId slider, int value) = 0;
+
+  virtual void set_menu_item_enabled(PopupMenu menu, int index, bool enabled) = 0;
+  virtual bool menu_item_enabled(PopupMenu menu, int index) const = 0;
+  // Shows the menu at the pointer; returns when it closed, after the chosen
+  // command (if any) ran.
+  virtual void popup_menu(PopupMenu menu) = 0;
+
+  // The editing dialogs, modal: true on OK, with the typed texts in `form`.
+  virtual bool ask_values(ValueForm& form) = 0;
+  virtual bool ask_record(RecordForm& form) = 0;
 };
 
 // The platform in use. Until one is installed, a headless one answers.

@@ -6,11 +6,17 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
+#include <QCursor>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMessageBox>
+#include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStatusBar>
 
 #include "controls/list_box.h"
+#include "editing/fm_text_input.h"
+#include "editing/fm_value_input.h"
 
 namespace korvexed {
 
@@ -137,7 +143,12 @@ void QtPlatform::set_busy(bool busy) {
 
 bool QtPlatform::locale_decimal_comma() const { return QLocale::system().decimalPoint() == QStringLiteral(","); }
 
-void QtPlatform::set_list(ListId list, ListBox* box) { lists_[static_cast<size_t>(list)] = box; }
+void QtPlatform::set_list(ListId list, ListBox* box, QWidget* button) {
+  lists_[static_cast<size_t>(list)] = box;
+  list_buttons_[static_cast<size_t>(list)] = button;
+}
+
+void QtPlatform::set_slider(SliderId slider, QScrollBar* bar) { sliders_[static_cast<size_t>(slider)] = bar; }
 
 void QtPlatform::list_row_inserted(ListId list, int row) {
   if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_inserted(row);
@@ -150,5 +161,50 @@ void QtPlatform::list_row_removed(ListId list, int row) {
 void QtPlatform::list_reset(ListId list) {
   if (ListBox* box = lists_[static_cast<size_t>(list)]) box->reset();
 }
+
+void QtPlatform::list_refilled(ListId list) {
+  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->refilled();
+}
+
+void QtPlatform::set_list_button_enabled(ListId list, bool enabled) {
+  if (QWidget* button = list_buttons_[static_cast<size_t>(list)]) button->setEnabled(enabled);
+}
+
+void QtPlatform::set_slider_range(SliderId slider, int maximum, bool enabled) {
+  QScrollBar* bar = sliders_[static_cast<size_t>(slider)];
+  if (!bar) return;
+  const QSignalBlocker quiet(bar);
+  bar->setRange(0, maximum);
+  bar->setEnabled(enabled);
+}
+
+void QtPlatform::set_slider_value(SliderId slider, int value) {
+  QScrollBar* bar = sliders_[static_cast<size_t>(slider)];
+  if (!bar) return;
+  const QSignalBlocker quiet(bar);
+  bar->setValue(value);
+}
+
+void QtPlatform::set_popup_menu(PopupMenu menu, QMenu* parent, std::vector<QAction*> items) {
+  menus_[static_cast<size_t>(menu)] = parent;
+  menu_items_[static_cast<size_t>(menu)] = std::move(items);
+}
+
+void QtPlatform::set_menu_item_enabled(PopupMenu menu, int index, bool enabled) {
+  menu_items_[static_cast<size_t>(menu)].at(static_cast<size_t>(index))->setEnabled(enabled);
+}
+
+bool QtPlatform::menu_item_enabled(PopupMenu menu, int index) const {
+  return menu_items_[static_cast<size_t>(menu)].at(static_cast<size_t>(index))->isEnabled();
+}
+
+void QtPlatform::popup_menu(PopupMenu menu) {
+  // The menu's own loop runs the chosen item's command before exec returns.
+  if (QMenu* parent = menus_[static_cast<size_t>(menu)]) parent->exec(QCursor::pos());
+}
+
+bool QtPlatform::ask_values(ValueForm& form) { return AskValues(form, &window_); }
+
+bool QtPlatform::ask_record(RecordForm& form) { return AskRecord(form, &window_); }
 
 }  // namespace korvexed

@@ -10,7 +10,9 @@
 
 class QAction;
 class QLabel;
+class QMenu;
 class QMainWindow;
+class QScrollBar;
 class QWidget;
 
 namespace korvexed {
@@ -46,9 +48,21 @@ class QtPlatform : public Platform {
   void list_row_inserted(ListId list, int row) override;
   void list_row_removed(ListId list, int row) override;
   void list_reset(ListId list) override;
+  void list_refilled(ListId list) override;
+  void set_list_button_enabled(ListId list, bool enabled) override;
+  void set_slider_range(SliderId slider, int maximum, bool enabled) override;
+  void set_slider_value(SliderId slider, int value) override;
+  void set_menu_item_enabled(PopupMenu menu, int index, bool enabled) override;
+  bool menu_item_enabled(PopupMenu menu, int index) const override;
+  void popup_menu(PopupMenu menu) override;
+  bool ask_values(ValueForm& form) override;
+  bool ask_record(RecordForm& form) override;
 
-  // The list control that shows `list`.
-  void set_list(ListId list, ListBox* box);
+  // The list control that shows `list`, and the button above it.
+  void set_list(ListId list, ListBox* box, QWidget* button);
+  void set_slider(SliderId slider, QScrollBar* bar);
+  // A pop-up menu of the drawing area and its items by index.
+  void set_popup_menu(PopupMenu menu, QMenu* parent, std::vector<QAction*> items);
 
  private:
   std::string AskFileName(QFileDialog::AcceptMode mode);
@@ -63,6 +77,10 @@ class QtPlatform : public Platform {
   QAction* save_ = nullptr;
   QAction* export_ = nullptr;
   std::array<ListBox*, 3> lists_{};
+  std::array<QWidget*, 3> list_buttons_{};
+  std::array<QScrollBar*, 2> sliders_{};
+  std::array<QMenu*, 2> menus_{};
+  std::array<std::vector<QAction*>, 2> menu_items_;
 };
 
 }  // namespace korvexed

@@ -1,16 +1,35 @@
 #include "view/draw_area.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QWheelEvent>
 #include <cstring>
 
 #include "document/document.h"
+#include "view/mouse_gesture.h"
 #include "view/world_view.h"
 
 namespace korvexed {
 
-DrawArea::DrawArea(QWidget* parent) : QWidget(parent) { setObjectName(QStringLiteral("picDraw")); }
+namespace {
+
+// The gestures count the buttons 1 left, 2 right, 4 middle.
+int32_t gesture_buttons(Qt::MouseButtons buttons) {
+  return (buttons.testFlag(Qt::LeftButton) ? left_button : 0) | (buttons.testFlag(Qt::RightButton) ? right_button : 0) |
+         (buttons.testFlag(Qt::MiddleButton) ? middle_button : 0);
+}
+
+int32_t x_of(const QMouseEvent* event) { return RoundPixel(event->position().x()); }
+int32_t y_of(const QMouseEvent* event) { return RoundPixel(event->position().y()); }
+
+}  // namespace
+
+DrawArea::DrawArea(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("picDraw"));
+  setMouseTracking(true);  // the hover shows the pointer's world position
+  setFocusPolicy(Qt::ClickFocus);
+}
 
 void DrawArea::show_picture(const Bitmap& picture) {
   const QSize size(picture.width, picture.height);
@@ -50,6 +69,18 @@ void DrawArea::wheelEvent(QWheelEvent* event) {
   view.wheel_anchor_y = RoundPixel(event->position().y());
   MouseWheelZoom(event->angleDelta().y() / 120.0);
   event->accept();
+}
+
+void DrawArea::mousePressEvent(QMouseEvent* event) {
+  if (const int32_t button = gesture_buttons(event->button())) picDraw_MouseDown(button, x_of(event), y_of(event));
+}
+
+void DrawArea::mouseMoveEvent(QMouseEvent* event) {
+  picDraw_MouseMove(gesture_buttons(event->buttons()), x_of(event), y_of(event));
+}
+
+void DrawArea::mouseReleaseEvent(QMouseEvent* event) {
+  if (const int32_t button = gesture_buttons(event->button())) picDraw_MouseUp(button, x_of(event), y_of(event));
 }
 
 }  // namespace korvexed

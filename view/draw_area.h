@@ -1,6 +1,7 @@
 #pragma once
 // The drawing area "picDraw": shows the drawing bitmap, makes the view
-// follow its size, and zooms with the mouse wheel.
+// follow its size, zooms with the mouse wheel and hands the mouse's
+// presses, moves and releases to the gestures.
 #include <QImage>
 #include <QSize>
 #include <QWidget>
@@ -27,6 +28,9 @@ class DrawArea : public QWidget, public PictureScreen {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   // The painter: never smaller than the picture, never shrunk, so that

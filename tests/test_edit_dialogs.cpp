@@ -1,0 +1,184 @@
+// The editing dialogs answered as a user would: what they show, the clamps,
+// OK without a change, and the commands that open them.
+#include <gtest/gtest.h>
+
+#include "editing/commands.h"
+#include "editing/text_input.h"
+#include "editing/value_input.h"
+#include "tests/editing_fixture.h"
+
+using namespace korvexed;
+using korvexed::testing::EditingTest;
+
+namespace {
+
+// Records 1 to 4 of layer 0: (0, 0), then 3 mm extruding moves along X
+// with one unit of E per millimetre; record 5 a line of text.
+const char* const straight_doc = "G1 X0 Y0 F1200\nG1 X3 Y0 E3\nG1 X6 Y0 E6 F1800\nG1 X9 Y0 E9\nM104 S200\n";
+
+class Dialogs : public EditingTest {
+ protected:
+  Dialogs() { load(straight_doc); }
+  // The user types these texts into the value rows and presses OK.
+  void type_values(std::array<std::string, 3> texts) {
+    ui->value_answers.push_back([texts](ValueForm& form) {
+      form.texts = texts;
+      return true;
+    });
+  }
+  // The user changes the record form with `edit` and presses OK.
+  void edit_record(std::function<void(RecordForm&)> edit) {
+    ui->record_answers.push_back([edit](RecordForm& form) {
+      edit(form);
+      return true;
+    });
+  }
+};
+
+}  // namespace
+
+TEST_F(Dialogs, ValueInputShowsGivenRowsAndClampsWhatIsTyped) {
+  std::array<ValueRow, 3> rows{{{"A:", 1.5}, {"B:", -2}, {}}};
+  type_values({"500000", "-500000", "7"});
+  EXPECT_TRUE(ValueInput("Title", rows));
+  const ValueForm& shown = ui->value_forms.at(0);
+  EXPECT_EQ(shown.title, "Title");
+  EXPECT_EQ(shown.texts[0], "1.5");
+  EXPECT_EQ(shown.prompts[1], "B:");
+  EXPECT_FALSE(shown.shown[2]);
+  EXPECT_EQ(rows[0].value, 328000);
+  EXPECT_EQ(rows[1].value, -328000);
+  EXPECT_EQ(rows[2].value, no_value);  // a hidden row is left alone
+}
+
+TEST_F(Dialogs, ValueInputIgnoresTextsThatAreNoNumbersAndCancelStoresNothing) {
+  std::array<ValueRow, 3> rows{{{"A:", 1}, {"B:", 2}, {"C:", 3}}};
+  type_values({"x", " 4.25 ", "1,5"});
+  EXPECT_TRUE(ValueInput("T", rows));
+  EXPECT_EQ(rows[0].value, 1);
+  EXPECT_EQ(rows[1].value, 4.25);
+  EXPECT_EQ(rows[2].value, 3);
+  EXPECT_FALSE(ValueInput("T", rows));  // no answer: Cancel
+  EXPECT_EQ(rows[1].value, 4.25);
+}
+
+TEST_F(Dialogs, ValueInputReadsAndWritesTheLocalesDecimalComma) {
+  doc.decimal_comma = true;
+  std::array<ValueRow, 3> rows{{{"A:", 1.5}, {"B:", 2}, {}}};
+  type_values({"2,75", "2.5", ""});
+  EXPECT_TRUE(ValueInput("T", rows));
+  doc.decimal_comma = false;
+  EXPECT_EQ(ui->value_forms.at(0).texts[0], "1,5");
+  EXPECT_EQ(rows[0].value, 2.75);
+  EXPECT_EQ(rows[1].value, 2);
+}
+
+TEST_F(Dialogs, ChangeFeedrateOpensWithTheRememberedValuesAndRemembersTheTypedOnes) {
+  mark({2, 3, 4});
+  FeedrateMemory memory;
+  type_values({"0", "2400", ""});
+  EXPECT_TRUE(ChangeFeedrateDialog(memory));
+  const ValueForm& shown = ui->value_forms.at(0);
+  EXPECT_EQ(shown.title, "Change Feedrate F");
+  EXPECT_EQ(shown.prompts[0], "Old Feedrate (0 = All):");
+  EXPECT_EQ(shown.texts[1], "100");  // a remembered value below 1 opens as 100
+  EXPECT_FALSE(shown.shown[2]);
+  EXPECT_EQ(at(0, 2).f, 2400);
+  EXPECT_EQ(at(0, 3).f, 2400);
+  EXPECT_TRUE(doc.modified);
+
+  type_values({"2400", "900", ""});  // only those with exactly 2400
+  at(0, 4).f = 2000;
+  EXPECT_TRUE(ChangeFeedrateDialog(memory));
+  EXPECT_EQ(ui->value_forms.at(1).texts[0], "0");
+  EXPECT_EQ(ui->value_forms.at(1).texts[1], "2400");
+  EXPECT_EQ(at(0, 3).f, 900);
+  EXPECT_EQ(at(0, 4).f, 2000);
+  EXPECT_EQ(memory.old_f, 2400);
+}
+
+TEST_F(Dialogs, TranslateAfterCancelFindsNothingToDo) {
+  EXPECT_FALSE(TranslateDialog());
+  EXPECT_EQ(ui->value_forms.at(0).prompts[0], "Rotation (deg CCW +ve):");
+  EXPECT_EQ(last_message(), "No translation is needed");
+  type_values({"0", "5", "0"});
+  EXPECT_TRUE(TranslateDialog());
+  EXPECT_EQ(at(0, 2).x, 8);
+}
+
+TEST_F(Dialogs, TextInputShowsAMoveAsCoordinatesWithItsExtrusionPerSquaredMillimetre) {
+  EXPECT_FALSE(TextInput(3));
+  const RecordForm& shown = ui->record_forms.at(0);
+  EXPECT_EQ(shown.caption, "GCode Coordinate Editing...");
+  EXPECT_EQ(shown.x, "6");
+  EXPECT_EQ(shown.f, "1800");
+  EXPECT_EQ(shown.e_label, "dE/mm:");
+  EXPECT_EQ(shown.e, "0.333333333333333");  // 3 over 9 square millimetres
+  EXPECT_EQ(shown.kind, RecordForm::g1);
+}
+
+TEST_F(Dialogs, TextInputOkWithoutAChangeCountsAsCancel) {
+  mark({3});
+  edit_record([](RecordForm&) {});
+  EXPECT_FALSE(TextInput(3));
+  EXPECT_FALSE(doc.modified);
+  EXPECT_EQ(at(0, 3).e, 6);
+}
+
+TEST_F(Dialogs, EditingXByTwoMovesEveryMarkedVertex) {
+  mark({2, 3, 4});
+  edit_record([](RecordForm& form) { form.x = "5"; });
+  EXPECT_TRUE(EditSelectedDataDialog());  // the first marked line: record 2
+  EXPECT_EQ(ui->record_forms.at(0).x, "3");
+  EXPECT_EQ(at(0, 2).x, 5);
+  EXPECT_EQ(at(0, 3).x, 8);
+  EXPECT_EQ(at(0, 4).x, 11);
+  EXPECT_NEAR(at(0, 2).e, 5, 1e-12);  // 5 mm at one unit per millimetre
+  EXPECT_TRUE(doc.modified);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Dialogs, TextInputClampsTheFeedrateAndSetsTheKindOfTheMarkedVertices) {
+  mark({2, 4});
+  edit_record([](RecordForm& form) {
+    form.f = "0";
+    form.kind = RecordForm::g0;
+  });
+  EXPECT_TRUE(TextInput(2));
+  EXPECT_EQ(at(0, 2).f, 1);
+  EXPECT_EQ(at(0, 4).f, 1);
+  EXPECT_EQ(kind(0, 4), line_kind::g0);
+  EXPECT_EQ(kind(0, 3), line_kind::g1);
+}
+
+TEST_F(Dialogs, TextInputChangesTheExtrusionOfAZeroLengthMoveByTheTypedDifference) {
+  load("G1 X0 Y0 F1200\nG1 X0 Y0 E2\nG1 X3 Y0 E5\n");
+  mark({2});
+  edit_record([](RecordForm& form) { form.e = "2.5"; });
+  EXPECT_TRUE(TextInput(2));
+  EXPECT_EQ(ui->record_forms.at(0).e_label, "dE:");
+  EXPECT_EQ(ui->record_forms.at(0).e, "2");
+  EXPECT_DOUBLE_EQ(at(0, 2).e, 2.5);
+  EXPECT_DOUBLE_EQ(at(0, 3).e, 5.5);
+  EXPECT_CONSISTENT();
+}
+
+TEST_F(Dialogs, TextInputEditsALineOfTextOnlyWhenItChanged) {
+  edit_record([](RecordForm&) {});
+  EXPECT_FALSE(TextInput(5));
+  EXPECT_EQ(ui->record_forms.at(0).caption, "GCode Text Editing...");
+  EXPECT_EQ(ui->record_forms.at(0).text, "M104 S200");
+  edit_record([](RecordForm& form) { form.text = "M104 S210"; });
+  EXPECT_TRUE(TextInput(5));
+  EXPECT_EQ(std::string_view(doc.text_list[doc.layer(0).g[5].index]), "M104 S210");
+  EXPECT_TRUE(doc.modified);
+}
+
+TEST_F(Dialogs, EditSelectedDataWithLinesButNoneSelectedOpensNothing) {
+  EXPECT_FALSE(EditSelectedDataDialog());
+  EXPECT_TRUE(ui->record_forms.empty());
+  on_view({5});  // no vertex on view: the data list's caret row is edited
+  lists.data_caret = 5;
+  EXPECT_FALSE(EditSelectedDataDialog());
+  EXPECT_EQ(ui->record_forms.at(0).caption, "GCode Text Editing...");
+}
