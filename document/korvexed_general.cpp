@@ -119,9 +119,11 @@ double convert_long(std::string_view body, std::string_view text, bool comma) {
 
 // An optional sign, then digits with at most one decimal separator, at
 // least one digit. The separator is "." (or "," and the first "." when the
-// locale writes a decimal comma).
+// locale writes a decimal comma). Like the locale's conversion, it skips
+// a leading tab; a tab anywhere else is refused.
 double convert_number(std::string_view text, bool comma) {
   std::string_view body = text;
+  if (body.starts_with('\t')) body.remove_prefix(1);
   bool negative = false;
   if (!body.empty() && (body.front() == '+' || body.front() == '-')) {
     negative = body.front() == '-';

@@ -79,6 +79,10 @@ TEST(ParseField, ReadsTheFirstOccurrenceFromTheFourthCharacter) {
   EXPECT_EQ(ParseField("G1 X5.", 'X'), 5);
   EXPECT_EQ(ParseField("G1 X+5", 'X'), 5);
   EXPECT_EQ(ParseField("G1 X7 ", 'X'), 7);
+  // The conversion skips a tab right behind the key, as it skips blanks.
+  EXPECT_EQ(ParseField("G1 X\t13 Y8", 'X'), 13);
+  EXPECT_EQ(ParseField("G1 X\t-2.5", 'X'), -2.5);
+  EXPECT_EQ(ParseField("G1 X1\t3", 'X'), 1);
 }
 
 TEST(ParseField, RejectsWhatIsNotANumber) {
@@ -91,6 +95,9 @@ TEST(ParseField, RejectsWhatIsNotANumber) {
   EXPECT_EQ(parse_error("G1 X1.2.3", 'X'), "1.2.3 is not a number.");
   EXPECT_EQ(parse_error("G1 X1-2", 'X'), "1-2 is not a number.");
   EXPECT_EQ(parse_error("G1 X  5", 'X'), " is not a number.");
+  EXPECT_EQ(parse_error("G1 X\t", 'X'), "\t is not a number.");
+  EXPECT_EQ(parse_error("G1 X\t\t5", 'X'), "\t is not a number.");
+  EXPECT_EQ(parse_error("G1 X \t5", 'X'), " is not a number.");
   // A key letter inside another word behind the command word counts.
   EXPECT_EQ(parse_error("M117 EXIT", 'X'), "I is not a number.");
 }

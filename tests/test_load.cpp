@@ -123,6 +123,13 @@ TEST_F(Load, StopsAtAMalformedNumberAndEmptiesTheDocument) {
   EXPECT_FALSE(IsDocumentLoaded());
 }
 
+TEST_F(Load, ReadsATabBehindAKeyLetter) {
+  load_text("G1 X\t13 Y8\nG92 E\t0\n");
+  EXPECT_EQ(doc.coor(0, 1).x, 13);
+  EXPECT_EQ(doc.coor(0, 2).e, 0);
+  EXPECT_EQ(saved(), "G1 X13 Y8\r\nG92 E0\r\n");
+}
+
 TEST_F(Load, OpenFailureLeavesTheDocumentAlone) {
   load_text("G1 Z1\nG1 Z2\n");
   const std::string missing = path("missing.gcode");
