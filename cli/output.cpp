@@ -10,6 +10,7 @@
 
 #include "cli/dump.h"
 #include "document/korvexed_file.h"
+#include "document/replace_file.h"
 #include "platform/platform.h"
 
 namespace korvexed::cli {
@@ -18,26 +19,24 @@ namespace {
 
 bool IsStandardOutput(const std::string& path) { return path == "-"; }
 
-void ErrorMessage(const std::string& text) { platform().message_box(text, MsgIcon::exclamation, MsgButtons::ok); }
-
 bool WriteFailed(const char* what, int error) {
-  ErrorMessage(std::string("Error while writing ") + what + ": " + std::strerror(error));
+  platform().message_box(std::string("Error while writing ") + what + ": " + std::strerror(error), MsgIcon::exclamation,
+                         MsgButtons::ok);
   return false;
 }
 
-// Writes through `write` to the path or standard output.
+// Writes through `write` to standard output, or to the path as a whole:
+// a failed write leaves no partial file behind.
 bool WriteThrough(const std::string& path, const char* what, const std::function<bool(std::FILE*)>& write) {
   if (IsStandardOutput(path)) return (write(stdout) && std::fflush(stdout) == 0) || WriteFailed(what, errno);
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  if (!file) {
-    const int error = errno;
-    ErrorMessage("Unable to open " + path + "\r\nError " + std::to_string(error) + ": " + std::strerror(error));
-    return false;
-  }
-  const bool written = write(file);
-  const int write_error = errno;
-  const bool closed = std::fclose(file) == 0;
-  return (written && closed) || WriteFailed(what, written ? errno : write_error);
+  const auto write_stream = [&write](int fd) {
+    std::FILE* file = ::fdopen(::dup(fd), "wb");
+    if (!file) return errno;
+    int error = write(file) ? 0 : (errno ? errno : EIO);
+    if (std::fclose(file) != 0 && !error) error = errno;
+    return error;
+  };
+  return ReplaceFile(path, write_stream, [what](int error) { WriteFailed(what, error); });
 }
 
 }  // namespace

@@ -1,17 +1,13 @@
-#include <fcntl.h>
-#include <libgen.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "document/korvexed_file.h"
 #include "document/korvexed_general.h"
-#include "document/open_error.h"
 #include "document/record_text.h"
+#include "document/replace_file.h"
 #include "platform/platform.h"
 
 namespace korvexed {
@@ -177,12 +173,6 @@ void show_save_error(int error) {
                          MsgButtons::ok);
 }
 
-mode_t default_file_mode() {
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
-  return 0666 & ~mask;
-}
-
 }  // namespace
 
 bool WriteGCode(int fd, uint8_t mode) {
@@ -191,61 +181,8 @@ bool WriteGCode(int fd, uint8_t mode) {
   return error == 0;
 }
 
-namespace {
-
-// A device or a pipe cannot be replaced: it is written in place.
-bool save_in_place(const std::string& path, const std::string& target, uint8_t mode) {
-  const int fd = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-  if (fd < 0) {
-    ShowOpenError(path, errno);
-    return false;
-  }
-  int error = write_document(fd, mode);
-  if (::close(fd) != 0 && !error) error = errno;
-  if (error) show_save_error(error);
-  return error == 0;
-}
-
-}  // namespace
-
 bool SaveGCode(const std::string& path, uint8_t mode) {
-  // Save through a symbolic link into the file it names.
-  std::string target = path;
-  if (char* resolved = ::realpath(path.c_str(), nullptr)) {
-    target = resolved;
-    std::free(resolved);
-  }
-  struct stat existing {};
-  const bool exists = ::stat(target.c_str(), &existing) == 0;
-  if (exists && S_ISDIR(existing.st_mode)) {
-    ShowOpenError(path, EISDIR);
-    return false;
-  }
-  if (exists && !S_ISREG(existing.st_mode)) return save_in_place(path, target, mode);
-  if (exists && ::access(target.c_str(), W_OK) != 0) {
-    ShowOpenError(path, errno);
-    return false;
-  }
-
-  // Write beside the target and rename over it only when all is written.
-  std::string dir_buf = target, name_buf = target;
-  std::string temp = std::string(::dirname(dir_buf.data())) + "/." + ::basename(name_buf.data()) + ".korvexed-XXXXXX";
-  const int fd = ::mkstemp(temp.data());
-  if (fd < 0) {
-    ShowOpenError(path, errno);
-    return false;
-  }
-  int error = ::fchmod(fd, exists ? (existing.st_mode & 07777) : default_file_mode()) == 0 ? 0 : errno;
-  if (!error) error = write_document(fd, mode);
-  if (!error && ::fsync(fd) != 0) error = errno;
-  if (::close(fd) != 0 && !error) error = errno;
-  if (!error && ::rename(temp.c_str(), target.c_str()) != 0) error = errno;
-  if (error) {
-    ::unlink(temp.c_str());
-    show_save_error(error);
-    return false;
-  }
-  return true;
+  return ReplaceFile(path, [mode](int fd) { return write_document(fd, mode); }, show_save_error);
 }
 
 }  // namespace korvexed

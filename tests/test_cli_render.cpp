@@ -1,6 +1,10 @@
 // korvexed-cli render: the PNG it writes, read back pixel by pixel.
+#include <sys/resource.h>
+
 #include <QImage>
 #include <QString>
+#include <csignal>
+#include <filesystem>
 #include <string>
 
 #include "cli_runner.h"
@@ -88,4 +92,22 @@ TEST_F(CliRender, RefusesLayersTheFileDoesNotHaveAndReportsFailedWrites) {
   const CliResult unwritable = Run({"render", "in.gcode", "-o", "no/such/dir/out.png"});
   EXPECT_EQ(unwritable.status, 1);
   EXPECT_EQ(unwritable.err, "message: Unable to open no/such/dir/out.png Error 2: No such file or directory\n");
+}
+
+TEST_F(CliRender, AFailedWriteKeepsTheOldPictureAndLeavesNothingBehind) {
+  Write("out.png", "old picture");
+  // Files of the program may not grow beyond 200 bytes: the PNG cannot be written.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit old_limit{};
+  getrlimit(RLIMIT_FSIZE, &old_limit);
+  rlimit small = old_limit;
+  small.rlim_cur = 200;
+  setrlimit(RLIMIT_FSIZE, &small);
+  const CliResult result = Run({"render", "in.gcode", "-o", "out.png"});
+  setrlimit(RLIMIT_FSIZE, &old_limit);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.err, "message: Error while writing the picture: File too large\n");
+  EXPECT_EQ(Read("out.png"), "old picture");
+  for (const auto& entry : std::filesystem::directory_iterator(Path("")))
+    EXPECT_EQ(entry.path().filename().string().find("korvexed-"), std::string::npos) << entry.path();
 }
