@@ -272,6 +272,9 @@ std::string FormatNumber(double value, bool to_period) {
 
 double RoundTo5(double value) {
   if (std::fabs(value) < 21474.83647) return RoundHalfEven(value * 100000) / 100000;
+  // The written text read back: the units and 1e5 are exact doubles, so
+  // the one division gives the double nearest to the text's value.
+  if (long long units = 0; fifth_decimal_units(value, units)) return static_cast<double>(units) / 100000;
   const std::string text = FormatNumber(value, true);
   double result = value;
   std::from_chars(text.data(), text.data() + text.size(), result);

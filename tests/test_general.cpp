@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <random>
 #include <string>
@@ -166,4 +168,21 @@ TEST(RoundTo5, RoundsHalvesToEvenBelowTheIntegerRange) {
   EXPECT_EQ(RoundTo5(0.0000075), 0.00001);
   EXPECT_EQ(RoundTo5(123456.123456), 123456.12346);
   EXPECT_EQ(RoundTo5(-50000.000001), -50000);
+}
+
+TEST(RoundTo5, AboveTheIntegerRangeIsTheWrittenTextReadBack) {
+  std::mt19937_64 random(7);
+  std::uniform_real_distribution<double> mantissa(1, 10);
+  std::uniform_int_distribution<int> exponent(4, 16);
+  std::uniform_int_distribution<long long> units(2147483648, 100000000000000);
+  for (int i = 0; i < 100000; ++i) {
+    double value = i % 2 ? mantissa(random) * std::pow(10.0, exponent(random))
+                         : (static_cast<double>(units(random)) + 0.5) / 100000.0;  // on a half
+    if (i % 3 == 0) value = -value;
+    if (std::fabs(value) < 21474.83647) continue;
+    const std::string text = FormatNumber(value, true);
+    double expected = 0;
+    std::from_chars(text.data(), text.data() + text.size(), expected);
+    ASSERT_EQ(RoundTo5(value), expected) << text;
+  }
 }
