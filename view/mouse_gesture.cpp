@@ -35,11 +35,8 @@ bool any_line_selected() {
 
 void clear_selection() { std::fill(lists.select_flag.begin(), lists.select_flag.end(), 0); }
 
-// The flags changed: the selection list follows, then the picture.
-void refresh_selection() {
-  ApplySelection(false);
-  RedrawView();
-}
+// The flags changed: the selection list, its status and the picture follow.
+void refresh_selection() { ApplySelection(false); }
 
 void rubber_band(int32_t x, int32_t y) {
   RestorePicture();

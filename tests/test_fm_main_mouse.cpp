@@ -1,0 +1,322 @@
+// Editing in the window with the real mouse on picDraw: drags, rubber
+// bands, clicks with the modifier keys, pans, the hover text, and the
+// pop-up menus with their dialogs answered from the keyboard.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QTest>
+#include <QTimer>
+#include <cmath>
+#include <deque>
+#include <fstream>
+#include <functional>
+
+#include "editing/consistency.h"
+#include "editing/list_state.h"
+#include "tests/gui_fixture.h"
+#include "view/korvexed_graphic.h"
+#include "view/world_view.h"
+
+namespace korvexed::testing {
+namespace {
+
+// Records 1 to 4 at (2, 2), (10, 2), (10, 10) and (2, 10) mm, one unit of E
+// per millimetre; the last two at F1800.
+const char* const square =
+    "G1 X2 Y2 F1200\n"
+    "G1 X10 Y2 E8\n"
+    "G1 X10 Y10 E16 F1800\n"
+    "G1 X2 Y10 E24\n";
+
+// Answers the pop-up menus and the editing dialogs that open: clicks the
+// queued items of each menu in turn (closing a menu with none queued), and
+// hands each dialog to the queued answer (Escape when none).
+class PopupWatcher {
+ public:
+  PopupWatcher() {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Answer(); });
+    timer_.start(5);
+  }
+
+  std::deque<QString> items;
+  std::deque<std::function<void(QDialog&)>> answers;
+  std::vector<QString> menus;              // the menus shown, by name
+  std::vector<int> preview_pixels;         // yellow pixels while each menu was open
+  std::vector<QRect> dialogs;              // where each dialog opened
+
+ private:
+  void Answer() {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu) return Choose(*menu);
+    open_menu_ = nullptr;
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!dialog || (dialog->objectName() != "fmValueInput" && dialog->objectName() != "fmTextInput")) return;
+    dialogs.push_back(dialog->frameGeometry());
+    if (answers.empty()) return QTest::keyClick(dialog, Qt::Key_Escape);
+    const auto answer = std::move(answers.front());
+    answers.pop_front();
+    answer(*dialog);
+  }
+
+  void Choose(QMenu& menu) {
+    if (menu.objectName().startsWith("mn") && open_menu_ != &menu) {
+      open_menu_ = &menu;
+      menus.push_back(menu.objectName());
+      preview_pixels.push_back(YellowPixels());
+    }
+    if (items.empty()) {
+      menu.close();
+      return;
+    }
+    for (QAction* item : menu.actions()) {
+      if (item->objectName() != items.front()) continue;
+      items.pop_front();
+      QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(item).center());
+      return;
+    }
+  }
+
+  static int YellowPixels() {
+    int n = 0;
+    for (int32_t y = 0; y < drawing.picture.height; ++y)
+      for (int32_t x = 0; x < drawing.picture.width; ++x) n += PixelAt(drawing.picture, x, y) == RgbT(255, 255, 0);
+    return n;
+  }
+
+  QTimer timer_;
+  QMenu* open_menu_ = nullptr;  // the drawing area's menu now open, counted once
+};
+
+// Types into the dialog's text boxes by name, then presses Enter.
+std::function<void(QDialog&)> Type(std::vector<std::pair<QString, QString>> texts) {
+  return [texts](QDialog& dialog) {
+    for (const auto& [name, text] : texts) {
+      auto* box = dialog.findChild<QLineEdit*>(name);
+      ASSERT_NE(box, nullptr) << name.toStdString();
+      box->setText(text);
+    }
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  };
+}
+
+class MouseTest : public FmMainTest {
+ protected:
+  void SetUp() override {
+    FmMainTest::SetUp();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    area_ = Control<QWidget>(QStringLiteral("picDraw"));
+    path_ = Write("square.gcode", square);
+    window_->LoadCommand(path_);
+    // Ten pixels a millimetre, the origin at the bottom-left pixel.
+    view.view_scale = 10;
+    view.view_offset_x = view.view_offset_y = 0;
+    UpdateViewBounds();
+    RedrawView();
+  }
+
+  // The area's position (y downwards) of a world point, moved by (dx, dy).
+  static QPoint At(double wx, double wy, int dx = 0, int dy = 0) {
+    int32_t px, py;
+    WorldToPixel(wx, wy, px, py);
+    return {px + dx, drawing.picture.height - py + dy};
+  }
+  static void Mark(std::initializer_list<int32_t> records) {
+    std::fill(lists.select_flag.begin(), lists.select_flag.end(), 0);
+    for (const int32_t r : records) lists.select_flag[static_cast<size_t>(r)] = 1;
+    ApplySelection(false);
+  }
+  static int Marked(int32_t r) { return lists.select_flag[static_cast<size_t>(r)]; }
+  static const coor_data& Record(int32_t r) { return doc.coor(doc.current_layer, r); }
+
+  void Drag(Qt::MouseButton button, QPoint from, QPoint to, Qt::KeyboardModifiers keys = {}) {
+    QTest::mousePress(area_, button, {}, from);
+    QTest::mouseMove(area_, to);
+    QTest::mouseRelease(area_, button, keys, to);
+  }
+  void Click(Qt::MouseButton button, QPoint at, Qt::KeyboardModifiers keys = {}) {
+    QTest::mouseClick(area_, button, keys, at);
+  }
+  // A move with no button held.
+  void Hover(QPoint at) {
+    QMouseEvent event(QEvent::MouseMove, at, area_->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(area_, &event);
+  }
+  std::string Saved() {
+    window_->SaveFileFunc(1);
+    std::ifstream in(path_, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  }
+
+  QWidget* area_ = nullptr;
+  std::string path_;
+  PopupWatcher popups_;
+};
+
+TEST_F(MouseTest, APressNearAMarkedVertexDragsTheSelectionAndTheFileKeepsTheExtrusionPerMillimetre) {
+  Mark({2, 3});
+  // 4.5 pixels from record 2; the steps add up to 1 mm right and 2 mm up.
+  QTest::mousePress(area_, Qt::LeftButton, {}, At(10, 2, 4, -2));
+  QTest::mouseMove(area_, At(10, 2, 9, -12));
+  EXPECT_EQ(Status(), "Movement dX (0.5), dY (1)");
+  QTest::mouseMove(area_, At(10, 2, 14, -22));
+  QTest::mouseRelease(area_, Qt::LeftButton, {}, At(10, 2, 14, -22));
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);  // the busy pointer is back to normal
+  EXPECT_TRUE(doc.modified);
+  EXPECT_EQ(CheckConsistency(), "");
+  // The moved moves are sqrt(85) long; the middle one keeps its 8 mm.
+  EXPECT_EQ(Saved(),
+            "G1 X2 Y2 F1200\r\nG1 X11 Y4 E9.21954\r\nG1 Y12 E17.21954 F1800\r\nG1 X2 Y10 E26.43909\r\n");
+}
+
+TEST_F(MouseTest, APressSixPixelsAwayDrawsABandWithItsSizeAndMarksWhatItHolds) {
+  Mark({1, 2});
+  const QPoint from = At(10, 2, -6, 0), to = At(10, 2, 30, -20);
+  QTest::mousePress(area_, Qt::LeftButton, {}, from);
+  QTest::mouseMove(area_, to);
+  EXPECT_EQ(Status(), "X1 (9.4), Y1 (2) - X2 (13), Y2 (4) - dX (3.6), dY (2)");
+  const QImage band = area_->grab().toImage();
+  EXPECT_EQ(band.pixelColor(from.x(), to.y() + 5), QColor(255, 255, 0));  // its left edge, over the picture
+  QTest::mouseRelease(area_, Qt::LeftButton, {}, to);
+  EXPECT_EQ(Marked(1), 0);
+  EXPECT_EQ(Marked(2), 1);
+  EXPECT_EQ(Record(2).x, 10);  // nothing moved
+  EXPECT_FALSE(doc.modified);
+  EXPECT_NE(area_->grab().toImage().pixelColor(from.x(), to.y() + 5), QColor(255, 255, 0));
+}
+
+TEST_F(MouseTest, BandsAddWithShiftInvertWithCtrlRemoveWithAltAndCtrlWinsOverAlt) {
+  Mark({1, 2});
+  // Around records 2 and 3.
+  const QPoint from = At(9, 1), to = At(11, 11);
+  Drag(Qt::LeftButton, from, to, Qt::ShiftModifier);
+  EXPECT_EQ(Marked(1) + Marked(2) + Marked(3), 3);
+  Mark({2});
+  Drag(Qt::LeftButton, from, to, Qt::ControlModifier);
+  EXPECT_EQ(Marked(2), 0);
+  EXPECT_EQ(Marked(3), 1);
+  Mark({1, 2, 3});
+  Drag(Qt::LeftButton, from, to, Qt::AltModifier);
+  EXPECT_EQ(Marked(1), 1);
+  EXPECT_EQ(Marked(2) + Marked(3), 0);
+  Mark({2});
+  Drag(Qt::LeftButton, from, to, Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_EQ(Marked(2), 0);
+  EXPECT_EQ(Marked(3), 1);
+  EXPECT_EQ(Status(), "1 vertex selected");
+}
+
+TEST_F(MouseTest, CtrlClickOnALineSwapsTheMarksOfItsEnds) {
+  Mark({2});
+  Click(Qt::LeftButton, At(10, 6, 3, 0), Qt::ControlModifier);  // on the line from record 2 to 3
+  EXPECT_EQ(Marked(2), 0);
+  EXPECT_EQ(Marked(3), 1);
+}
+
+TEST_F(MouseTest, AClickOnEmptySpaceKeepsTheSelectionOnlyWithShift) {
+  Mark({2, 3});
+  Click(Qt::LeftButton, At(6, 6), Qt::ShiftModifier);
+  EXPECT_EQ(Marked(2) + Marked(3), 2);
+  Click(Qt::LeftButton, At(6, 6));
+  EXPECT_EQ(Marked(2) + Marked(3), 0);
+}
+
+TEST_F(MouseTest, ARightDragMovesThePictureWithThePointer) {
+  const QPoint before = At(10, 2);
+  Drag(Qt::RightButton, At(5, 5), At(5, 5, 30, 20));
+  EXPECT_EQ(At(10, 2), before + QPoint(30, 20));
+  EXPECT_TRUE(popups_.menus.empty());  // a drag opens no menu
+  EXPECT_FALSE(doc.modified);
+}
+
+TEST_F(MouseTest, TheFirstHoverAfterAReleaseShowsNoText) {
+  Click(Qt::LeftButton, At(6, 6));
+  const QString after_click = Status();
+  Hover(At(3, 4));
+  EXPECT_EQ(Status(), after_click);
+  Hover(At(3, 4));
+  EXPECT_EQ(Status(), "Mouse location X (3), Y (4)");
+}
+
+TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
+  popups_.items = {"poUnSelectEdit_1", "poPoint_1"};
+  Click(Qt::RightButton, At(6, 2, 0, 2));
+  ASSERT_EQ(popups_.menus, std::vector<QString>{"mnUnSelectEdit"});
+  EXPECT_GT(popups_.preview_pixels.at(0), 70);  // the 8 mm line and its arrow, in yellow
+  ASSERT_EQ(doc.layer(0).g_count, 7);
+  EXPECT_NEAR(Record(2).x, 2 + 8.0 / 3, 1e-12);
+  EXPECT_NEAR(Record(3).x, 2 + 16.0 / 3, 1e-12);
+  EXPECT_NEAR(Record(4).e_delta, 8.0 / 3, 1e-12);
+  EXPECT_TRUE(doc.modified);
+  EXPECT_EQ(CheckConsistency(), "");
+}
+
+TEST_F(MouseTest, TheInsertPreviewIsWipedWhenTheMenuClosesUnused) {
+  const QImage before = area_->grab().toImage();
+  Click(Qt::RightButton, At(6, 2));
+  EXPECT_GT(popups_.preview_pixels.at(0), 70);
+  EXPECT_EQ(area_->grab().toImage(), before);
+  EXPECT_FALSE(doc.modified);
+}
+
+TEST_F(MouseTest, ChangeFeedrateWithZeroChangesAllMarkedAndWithAnOldValueOnlyThoseAtIt) {
+  Mark({1, 2, 3});
+  popups_.items = {"poSelectEdit_3"};
+  popups_.answers = {Type({{"txt_0", "1800"}, {"txt_1", "2400"}})};
+  Click(Qt::RightButton, At(10, 10));
+  EXPECT_EQ(Record(1).f, 1200);
+  EXPECT_EQ(Record(3).f, 2400);
+  EXPECT_EQ(Record(4).f, 1800);  // not marked
+
+  popups_.items = {"poSelectEdit_3"};
+  popups_.answers = {[](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("txt_0")->text(), "1800");  // remembered
+    Type({{"txt_0", "0"}, {"txt_1", "600"}})(dialog);
+  }};
+  Click(Qt::RightButton, At(10, 10));
+  EXPECT_EQ(Record(1).f, 600);
+  EXPECT_EQ(Record(2).f, 600);
+  EXPECT_EQ(Record(3).f, 600);
+  EXPECT_EQ(Record(4).f, 1800);
+  EXPECT_TRUE(doc.modified);
+  // Centred over the window.
+  const QPoint off = popups_.dialogs.at(0).center() - window_->frameGeometry().center();
+  EXPECT_LE(off.manhattanLength(), 2);
+}
+
+TEST_F(MouseTest, EscapeCancelsChangeFeedrate) {
+  Mark({2});
+  popups_.items = {"poSelectEdit_3"};
+  Click(Qt::RightButton, At(10, 2));  // no answer queued: Escape
+  EXPECT_EQ(popups_.dialogs.size(), 1u);
+  EXPECT_EQ(Record(2).f, 1200);
+  EXPECT_FALSE(doc.modified);
+}
+
+TEST_F(MouseTest, EditingXByTwoWithThreeVerticesMarkedMovesAllThree) {
+  Mark({2, 3, 4});
+  popups_.items = {"poSelectEdit_2"};
+  popups_.answers = {Type({{"txtX", "12"}})};
+  Click(Qt::RightButton, At(10, 2));
+  EXPECT_EQ(Record(2).x, 12);
+  EXPECT_EQ(Record(3).x, 12);
+  EXPECT_EQ(Record(4).x, 4);
+  EXPECT_EQ(Record(1).x, 2);
+  EXPECT_EQ(CheckConsistency(), "");
+  EXPECT_TRUE(doc.modified);
+}
+
+TEST_F(MouseTest, OkWithoutAChangeLeavesTheDocumentUnmodified) {
+  Mark({2});
+  popups_.items = {"poSelectEdit_2"};
+  popups_.answers = {Type({})};
+  Click(Qt::RightButton, At(10, 2));
+  EXPECT_EQ(popups_.dialogs.size(), 1u);
+  EXPECT_FALSE(doc.modified);
+}
+
+}  // namespace
+}  // namespace korvexed::testing
