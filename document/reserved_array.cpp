@@ -18,10 +18,11 @@ constexpr size_t smallest_reservation = size_t{1} << 30;
 // pages: one zeroed 2 MB page instead of 512 faults, and far fewer TLB
 // misses while millions of records are written and read.
 constexpr size_t huge_page = size_t{2} << 20;
-// A step is an eighth of what is held, within these bounds: a pool of any
-// size takes a few dozen steps, and holds at most an eighth unused.
+// A step is an eighth of what is held, within these bounds: a pool holds
+// at most 8 MB unused, and with huge pages a step costs the same whether
+// it is large or small.
 constexpr size_t smallest_step = huge_page;
-constexpr size_t largest_step = size_t{32} << 20;
+constexpr size_t largest_step = size_t{8} << 20;
 
 size_t round_up(size_t n, size_t to) { return (n + to - 1) / to * to; }
 
