@@ -52,6 +52,16 @@ MsgAnswer FromQtButton(int button) {
   }
 }
 
+// The user picks from a menu or fills a dialog with the normal pointer,
+// even when a busy handler opened it.
+class NormalPointer {
+ public:
+  NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~NormalPointer() { QApplication::restoreOverrideCursor(); }
+  NormalPointer(const NormalPointer&) = delete;
+  NormalPointer& operator=(const NormalPointer&) = delete;
+};
+
 }  // namespace
 
 QtPlatform::QtPlatform(QMainWindow& window, const QString& title) : window_(window), title_(title) {
@@ -199,12 +209,19 @@ bool QtPlatform::menu_item_enabled(PopupMenu menu, int index) const {
 }
 
 void QtPlatform::popup_menu(PopupMenu menu) {
+  const NormalPointer pointer;
   // The menu's own loop runs the chosen item's command before exec returns.
   if (QMenu* parent = menus_[static_cast<size_t>(menu)]) parent->exec(QCursor::pos());
 }
 
-bool QtPlatform::ask_values(ValueForm& form) { return AskValues(form, &window_); }
+bool QtPlatform::ask_values(ValueForm& form) {
+  const NormalPointer pointer;
+  return AskValues(form, &window_);
+}
 
-bool QtPlatform::ask_record(RecordForm& form) { return AskRecord(form, &window_); }
+bool QtPlatform::ask_record(RecordForm& form) {
+  const NormalPointer pointer;
+  return AskRecord(form, &window_);
+}
 
 }  // namespace korvexed

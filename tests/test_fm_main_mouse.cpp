@@ -46,6 +46,7 @@ class PopupWatcher {
   std::deque<std::function<void(QDialog&)>> answers;
   std::vector<QString> menus;              // the menus shown, by name
   std::vector<int> preview_pixels;         // yellow pixels while each menu was open
+  std::vector<Qt::CursorShape> pointers;   // the pointer over each menu
   std::vector<QRect> dialogs;              // where each dialog opened
 
  private:
@@ -67,6 +68,8 @@ class PopupWatcher {
       open_menu_ = &menu;
       menus.push_back(menu.objectName());
       preview_pixels.push_back(YellowPixels());
+      const QCursor* pointer = QApplication::overrideCursor();
+      pointers.push_back(pointer ? pointer->shape() : Qt::ArrowCursor);
     }
     if (items.empty()) {
       menu.close();
@@ -224,10 +227,12 @@ TEST_F(MouseTest, AClickOnEmptySpaceKeepsTheSelectionOnlyWithShift) {
   EXPECT_EQ(Marked(2) + Marked(3), 0);
 }
 
-TEST_F(MouseTest, ARightDragMovesThePictureWithThePointer) {
+TEST_F(MouseTest, ARightOrMiddleDragMovesThePictureWithThePointer) {
   const QPoint before = At(10, 2);
   Drag(Qt::RightButton, At(5, 5), At(5, 5, 30, 20));
   EXPECT_EQ(At(10, 2), before + QPoint(30, 20));
+  Drag(Qt::MiddleButton, At(5, 5), At(5, 5, -30, -20));
+  EXPECT_EQ(At(10, 2), before);
   EXPECT_TRUE(popups_.menus.empty());  // a drag opens no menu
   EXPECT_FALSE(doc.modified);
 }
@@ -246,6 +251,7 @@ TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
   Click(Qt::RightButton, At(6, 2, 0, 2));
   ASSERT_EQ(popups_.menus, std::vector<QString>{"mnUnSelectEdit"});
   EXPECT_GT(popups_.preview_pixels.at(0), 70);  // the 8 mm line and its arrow, in yellow
+  EXPECT_EQ(popups_.pointers.at(0), Qt::ArrowCursor);  // not the busy one
   ASSERT_EQ(doc.layer(0).g_count, 7);
   EXPECT_NEAR(Record(2).x, 2 + 8.0 / 3, 1e-12);
   EXPECT_NEAR(Record(3).x, 2 + 16.0 / 3, 1e-12);
