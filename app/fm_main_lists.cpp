@@ -74,8 +74,12 @@ void FmMain::poLstData_Click(int index) { DataViewCommand(index); }
 void FmMain::poLstSelect_Click(int index) { SelectCommand(index); }
 
 void FmMain::poPopLayer_Click(int index) {
-  if (index != delete_layers_item || !DeleteSelectedLayersCommand()) return;
-  RedrawView();
+  if (index != delete_layers_item) return;
+  // The layer list catches up once, not once per removed layer.
+  lstLayer_->HideListBox();
+  const bool deleted = DeleteSelectedLayersCommand();
+  lstLayer_->ShowListBox();
+  if (deleted) RedrawView();
 }
 
 }  // namespace korvexed

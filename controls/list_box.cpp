@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QStyleOptionFocusRect>
 #include <algorithm>
 #include <cmath>
 
@@ -27,12 +26,13 @@ constexpr int text_margin = 3;
 ListBox::ListBox(QWidget* parent) : QAbstractScrollArea(parent) {
   setFont(ListFont());
   line_height_ = fontMetrics().height() + 1;
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setBackgroundRole(QPalette::Base);
   viewport()->setAutoFillBackground(true);
   verticalScrollBar()->setSingleStep(1);
+  horizontalScrollBar()->setSingleStep(fontMetrics().averageCharWidth());
 }
 
 void ListBox::set_source(std::vector<uint8_t>* selected, int32_t* caret, LineText text) {
@@ -89,6 +89,9 @@ void ListBox::refilled() {
   refill_pending_ = false;
   SyncScrollRange();
   set_top_line(0);
+  widest_text_ = 0;
+  SyncSidewaysRange();
+  horizontalScrollBar()->setValue(0);
   shown_caret_ = -1;
   reset();
 }
@@ -112,6 +115,12 @@ void ListBox::SyncScrollRange() {
   bar->setRange(0, std::max(0, line_count() - page));
 }
 
+void ListBox::SyncSidewaysRange() {
+  QScrollBar* bar = horizontalScrollBar();
+  bar->setPageStep(viewport()->width());
+  bar->setRange(0, std::max(0, widest_text_ + 2 * text_margin - viewport()->width()));
+}
+
 void ListBox::ShowLine(int line) {
   if (line < 0) return;
   if (line < top_line())
@@ -123,6 +132,7 @@ void ListBox::ShowLine(int line) {
 void ListBox::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   SyncScrollRange();
+  SyncSidewaysRange();
 }
 
 void ListBox::paintEvent(QPaintEvent*) {
@@ -133,20 +143,25 @@ void ListBox::paintEvent(QPaintEvent*) {
   const QColor highlighted_text = palette().color(group, QPalette::HighlightedText);
   const QColor text = palette().color(group, QPalette::Text);
   const int last = std::min(line_count(), top_line() + VisibleLines() + 1);
+  const int left = text_margin - horizontalScrollBar()->value();
+  const int widest_before = widest_text_;
   for (int line = top_line(); line < last; ++line) {
     const QRect rect = line_rect(line);
     const bool selected = (*selected_)[static_cast<size_t>(line)] != 0;
     if (selected) painter.fillRect(rect, highlight);
     painter.setPen(selected ? highlighted_text : text);
-    painter.drawText(rect.adjusted(text_margin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QString::fromStdString(text_(line)));
+    const QString line_text = QString::fromStdString(text_(line));
+    widest_text_ = std::max(widest_text_, fontMetrics().horizontalAdvance(line_text));
+    painter.drawText(QRect(left, rect.top(), widest_text_ + text_margin, rect.height()),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, line_text);
   }
+  if (widest_text_ > widest_before) SyncSidewaysRange();
+  // The caret of a focused list: a dotted frame in the line's text colour,
+  // drawn whatever the style, since Shift and Ctrl clicks work from it.
   if (hasFocus() && caret_ && *caret_ >= top_line() && *caret_ < last) {
-    QStyleOptionFocusRect focus;
-    focus.initFrom(this);
-    focus.rect = line_rect(*caret_);
-    focus.backgroundColor = (*selected_)[static_cast<size_t>(*caret_)] ? highlight : palette().color(QPalette::Base);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    const bool selected = (*selected_)[static_cast<size_t>(*caret_)] != 0;
+    painter.setPen(QPen(selected ? highlighted_text : text, 1, Qt::DotLine));
+    painter.drawRect(line_rect(*caret_).adjusted(0, 0, -1, -1));
   }
 }
 
@@ -186,7 +201,7 @@ void ListBox::Choose(int line, Pick pick) {
 }
 
 void ListBox::mousePressEvent(QMouseEvent* event) {
-  emit mouse_down(event->button());
+  pressed_button_ = event->button();
   if (event->button() != Qt::LeftButton) return;
   const int line = line_at(event->position().toPoint());
   if (line < 0) return;
@@ -207,7 +222,10 @@ void ListBox::mouseMoveEvent(QMouseEvent* event) {
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event) {
   dragging_ = false;
-  if (event->button() == Qt::RightButton) emit right_clicked(event->globalPosition().toPoint());
+  // A press elsewhere that ends over the list is no click on it.
+  const bool right_click = event->button() == Qt::RightButton && pressed_button_ == Qt::RightButton;
+  pressed_button_ = Qt::NoButton;
+  if (right_click) emit right_clicked(event->globalPosition().toPoint());
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {

@@ -48,9 +48,9 @@ class ListBox : public QAbstractScrollArea {
   // The user changed the selection or the caret (click, Shift-click,
   // Ctrl-click, keys).
   void clicked();
-  // A right button release over the list, for the pop-up menus.
+  // A right button pressed and released over the list, for the pop-up
+  // menus.
   void right_clicked(QPoint global_pos);
-  void mouse_down(Qt::MouseButton button);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -71,6 +71,9 @@ class ListBox : public QAbstractScrollArea {
   void SelectRange(int from, int to);
   void ShowLine(int line);
   void SyncScrollRange();
+  // Lines wider than the list scroll sideways; the range follows the widest
+  // line painted since the list was filled.
+  void SyncSidewaysRange();
   int VisibleLines() const;
   bool updating() const { return hidden_ == 0; }
 
@@ -85,6 +88,9 @@ class ListBox : public QAbstractScrollArea {
   int hidden_ = 0;
   bool refill_pending_ = false;
   bool dragging_ = false;
+  // The button of the latest press on the list.
+  Qt::MouseButton pressed_button_ = Qt::NoButton;
+  int widest_text_ = 0;
 };
 
 }  // namespace korvexed
