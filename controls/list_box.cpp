@@ -77,8 +77,12 @@ void ListBox::reset() {
   SyncScrollRange();
   anchor_ = std::clamp(anchor_, 0, std::max(line_count() - 1, 0));
   const int32_t caret = caret_ ? *caret_ : -1;
-  // A caret moved by the owner (a slider, a layer click) comes into view.
-  if (caret != shown_caret_) ShowLine(caret);
+  // A caret moved by the owner (a slider, a layer click) comes into view,
+  // and a Shift-click then reaches from it.
+  if (caret != shown_caret_) {
+    ShowLine(caret);
+    if (caret >= 0) anchor_ = caret;
+  }
   shown_caret_ = caret;
   viewport()->update();
 }

@@ -84,6 +84,20 @@ class ListsTest : public FmMainTest {
     });
     QTest::mouseClick(button, Qt::LeftButton);
   }
+  // Right-clicks the line and closes the menu that opens: its name, or
+  // empty when none opened.
+  static QString RightClickMenu(ListBox* list, int line) {
+    QString opened;
+    QTimer::singleShot(0, [&opened] {
+      if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+        opened = menu->objectName();
+        menu->close();
+      }
+    });
+    ClickLine(list, line, Qt::NoModifier, Qt::RightButton);
+    QApplication::processEvents();
+    return opened;
+  }
   bool ToggleSetting(int index) {
     Item(QStringLiteral("poSetting_%1").arg(index))->trigger();
     return window_->setting(index);
@@ -226,6 +240,37 @@ TEST_F(ListsTest, KeysMoveTheCaretAndExtendTheSelection) {
   EXPECT_EQ(Status(3), QStringLiteral("Data 2"));
   QTest::keyClick(data, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(lists.data_selected, (U8{1, 1, 1}));
+}
+
+TEST_F(ListsTest, AShiftClickReachesFromTheRowTheSliderChose) {
+  ClickLine(List("lstLayer"), 1);
+  ASSERT_FALSE(ToggleSetting(1));
+  DragSlider(Slider("scrData"), 1);
+  ClickLine(List("lstData"), 2, Qt::ShiftModifier);
+  EXPECT_EQ(lists.data_selected, (U8{0, 1, 1}));
+}
+
+TEST_F(ListsTest, ARightClickOnTheDataListMarksEveryListedVertex) {
+  ClickLine(List("lstLayer"), 2);
+  EXPECT_EQ(RightClickMenu(List("lstData"), 1), QStringLiteral("mnSelectEdit"));
+  EXPECT_EQ(lists.select_flag, (U8{1, 1, 1}));
+  EXPECT_EQ(lists.select_line, (U8{1, 1, 1}));
+  EXPECT_EQ(Status(1), QStringLiteral("3 vertices selected"));
+  EXPECT_EQ(Status(3), QStringLiteral("Multi Data"));
+  // Nothing on view: no menu, and the marks stay.
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  EXPECT_EQ(RightClickMenu(List("lstData"), 1), QString());
+  EXPECT_EQ(CountSelected(lists.select_flag), 3);
+}
+
+TEST_F(ListsTest, LinesWiderThanTheListScrollSideways) {
+  ListBox* data = List("lstData");
+  data->resize(80, data->height());
+  data->grab();
+  QScrollBar* sideways = data->horizontalScrollBar();
+  EXPECT_TRUE(sideways->isVisible());
+  EXPECT_GE(sideways->maximum() + data->viewport()->width(),
+            data->fontMetrics().horizontalAdvance(QString::fromStdString(DataLineText(0))));
 }
 
 TEST_F(ListsTest, DeleteSelectedLayersFromTheLayerListsMenu) {
