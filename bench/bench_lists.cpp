@@ -1,6 +1,7 @@
 // The three lists at work in the real window, painting included: a click
 // on a layer of 100,000 records, the lists' refresh after an edit of it,
-// and each step of the layer slider dragged across the big print.
+// a page of its rows scrolled, and each step of the layer slider dragged
+// across the big print.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -114,6 +115,27 @@ void RefreshAfterEditOfLongLayer(benchmark::State& state) {
   state.counters["slowest_ms"] = slowest;
 }
 
+// The data list of the long layer scrolled a page at a time from its top
+// to its end: only the lines on screen are painted, whatever the length.
+void ScrollLongDataList(benchmark::State& state) {
+  const auto window = OpenWindow(LongLayerPrint());
+  ClickLine(Control<ListBox>(*window, "lstLayer"), 1);
+  auto* data = Control<ListBox>(*window, "lstData");
+  const int page = data->verticalScrollBar()->pageStep();
+  int top = 0;
+  double slowest = 0;
+  for (auto _ : state) {
+    top = top + page < long_layer_records ? top + page : 0;
+    const Clock::time_point start = Clock::now();
+    data->set_top_line(top);
+    data->repaint();
+    const double ms = Milliseconds(start);
+    slowest = std::max(slowest, ms);
+    state.SetIterationTime(ms / 1000);
+  }
+  state.counters["slowest_ms"] = slowest;
+}
+
 // The layer slider dragged one layer at a time across the big print,
 // without range scroll: each step lists the new layer and draws it. One
 // iteration is the whole drag; its time is the mean step.
@@ -148,6 +170,7 @@ BENCHMARK(RefreshAfterEditOfLongLayer)
     ->Name("Lists/refresh_after_edit_of_100000")
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(ScrollLongDataList)->Name("Lists/scroll_page_of_100000")->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(DragLayerSlider)
     ->Name("Lists/layer_slider_step_100mb")
     ->UseManualTime()
