@@ -78,7 +78,10 @@ class PopupWatcher {
     for (QAction* item : menu.actions()) {
       if (item->objectName() != items.front()) continue;
       items.pop_front();
-      QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(item).center());
+      // Clicked from the event loop: the command it runs may open a dialog,
+      // which this watcher answers from its next tick.
+      const QPoint at = menu.actionGeometry(item).center();
+      QTimer::singleShot(0, &menu, [&menu, at] { QTest::mouseClick(&menu, Qt::LeftButton, {}, at); });
       return;
     }
   }
