@@ -63,13 +63,25 @@ void ListBox::row_inserted(int row) {
   // The lines on screen stay where they are.
   if (row < top_line()) set_top_line(top_line() + 1);
   if (anchor_ >= row) ++anchor_;
-  reset();
+  ResetSoon();
 }
 
 void ListBox::row_removed(int row) {
   if (row < top_line()) set_top_line(top_line() - 1);
   if (anchor_ > row) --anchor_;
-  reset();
+  ResetSoon();
+}
+
+void ListBox::ResetSoon() {
+  if (reset_pending_) return;
+  reset_pending_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        reset_pending_ = false;
+        reset();
+      },
+      Qt::QueuedConnection);
 }
 
 void ListBox::reset() {

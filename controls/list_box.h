@@ -70,6 +70,9 @@ class ListBox : public QAbstractScrollArea {
   void Choose(int line, Pick pick);
   void SelectRange(int from, int to);
   void ShowLine(int line);
+  // An edit removes or inserts rows one by one: the scroll range follows
+  // once, when the edit is over, as each change of it costs an event.
+  void ResetSoon();
   void SyncScrollRange();
   // Lines wider than the list scroll sideways; the range follows the widest
   // line painted since the list was filled.
@@ -87,6 +90,7 @@ class ListBox : public QAbstractScrollArea {
   int line_height_ = 1;
   int hidden_ = 0;
   bool refill_pending_ = false;
+  bool reset_pending_ = false;
   bool dragging_ = false;
   // The button of the latest press on the list.
   Qt::MouseButton pressed_button_ = Qt::NoButton;

@@ -192,19 +192,18 @@ void ListRowRemoved(int32_t r) {
   caret_after_remove(lists.data_caret, r);
   platform().list_row_removed(ListId::data, r);
 
+  // The selection list is in record order: only its lines from r on change.
   auto& rows = lists.row_to_g;
-  for (int32_t k = 0; k < static_cast<int32_t>(rows.size());) {
-    if (rows[at(k)] > r) {
-      --rows[at(k++)];
-    } else if (rows[at(k)] == r) {
-      rows.erase(rows.begin() + k);
-      lists.select_line.erase(lists.select_line.begin() + k);
-      caret_after_remove(lists.select_caret, k);
-      platform().list_row_removed(ListId::select, k);
-    } else {
-      ++k;
-    }
+  const auto k = static_cast<int32_t>(std::lower_bound(rows.begin(), rows.end(), r) - rows.begin());
+  const bool listed = at(k) < rows.size() && rows[at(k)] == r;
+  if (listed) {
+    rows.erase(rows.begin() + k);
+    lists.select_line.erase(lists.select_line.begin() + k);
   }
+  for (auto it = rows.begin() + k; it != rows.end(); ++it) --*it;
+  if (!listed) return;
+  caret_after_remove(lists.select_caret, k);
+  platform().list_row_removed(ListId::select, k);
 }
 
 void LayerRowRemoved(int32_t layer) {
