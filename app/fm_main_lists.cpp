@@ -75,7 +75,8 @@ void FmMain::poLstSelect_Click(int index) { SelectCommand(index); }
 
 void FmMain::poPopLayer_Click(int index) {
   if (index != delete_layers_item) return;
-  // The layer list catches up once, not once per removed layer.
+  // The layer list is not drawn while its layers go (a message may show
+  // on the way); it is drawn again once they are gone.
   lstLayer_->HideListBox();
   const bool deleted = DeleteSelectedLayersCommand();
   lstLayer_->ShowListBox();
