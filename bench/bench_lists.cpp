@@ -1,7 +1,7 @@
 // The three lists at work in the real window, painting included: a click
 // on a layer of 100,000 records, the lists' refresh after an edit of it,
-// a page of its rows scrolled, and each step of the layer slider dragged
-// across the big print.
+// a page of its rows scrolled, most of its vertices deleted, and each step
+// of the layer slider dragged across the big print.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -18,6 +18,7 @@
 #include "bench/bench_gui.h"
 #include "controls/list_box.h"
 #include "document/document.h"
+#include "editing/commands.h"
 #include "editing/list_state.h"
 
 namespace korvexed::bench {
@@ -136,6 +137,29 @@ void ScrollLongDataList(benchmark::State& state) {
   state.counters["slowest_ms"] = slowest;
 }
 
+// Nine vertices in ten of the long layer marked and deleted: the lists
+// follow the records row by row, then repaint once.
+void DeleteMarkedVerticesOfLongLayer(benchmark::State& state) {
+  const std::string path = LongLayerPrint();
+  const auto window = OpenWindow(path);
+  auto* layers = Control<ListBox>(*window, "lstLayer");
+  for (auto _ : state) {
+    doc.modified = false;
+    window->LoadCommand(path);
+    ClickLine(layers, 1);
+    for (size_t i = 0; i < lists.select_flag.size(); ++i) lists.select_flag[i] = i % 10 != 0;
+    ApplySelection(false);
+    window->repaint();
+    const Clock::time_point start = Clock::now();
+    const bool deleted = DeleteSelectedDataCommand(true);
+    QApplication::processEvents();
+    window->repaint();
+    state.SetIterationTime(Milliseconds(start) / 1000);
+    if (!deleted || doc.layer(1).g_count != long_layer_records / 10) state.SkipWithError("the vertices were not deleted");
+  }
+  doc.modified = false;
+}
+
 // The layer slider dragged one layer at a time across the big print,
 // without range scroll: each step lists the new layer and draws it. One
 // iteration is the whole drag; its time is the mean step.
@@ -171,6 +195,11 @@ BENCHMARK(RefreshAfterEditOfLongLayer)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(ScrollLongDataList)->Name("Lists/scroll_page_of_100000")->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(DeleteMarkedVerticesOfLongLayer)
+    ->Name("Lists/delete_90000_marked_vertices")
+    ->UseManualTime()
+    ->Iterations(3)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(DragLayerSlider)
     ->Name("Lists/layer_slider_step_100mb")
     ->UseManualTime()
