@@ -42,7 +42,7 @@ QT_QPA_PLATFORM=xcb "$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
 editor_pid=$!
 window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') || fail "no window"
 window=$(echo "$window" | head -n 1)
-xdotool windowfocus --sync "$window"
+timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
 
 # The keyboard reaches the layer and fits it.
 xdotool mousemove --window "$window" 5 5
@@ -64,7 +64,11 @@ two_dots() {
     }
     END { exit !found }' "$work/dots" >"$work/pick"
 }
-wait_for 100 two_dots || fail "no two lone vertices on the screen"
+# The same two twice in a row: the screen has settled after F4.
+settled() {
+  two_dots && cp "$work/pick" "$work/pick.first" && two_dots && cmp -s "$work/pick" "$work/pick.first"
+}
+wait_for 100 settled || fail "no two lone vertices on the screen"
 read -r ax ay bx by <"$work/pick"
 
 # A click marks A; a press on the marked vertex drags it.
