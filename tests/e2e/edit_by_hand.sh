@@ -26,7 +26,8 @@ fail() {
   echo "edit_by_hand: $*" >&2
   exit 1
 }
-# Runs the command until it succeeds, for at most $1 tenths of a second.
+# Runs the command until it succeeds, at most $1 times, a tenth of a second
+# apart.
 wait_for() {
   tries=$1
   shift
@@ -45,7 +46,6 @@ window=$(echo "$window" | head -n 1)
 timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
 
 # The keyboard reaches the layer and fits it.
-xdotool mousemove --window "$window" 5 5
 i=0
 while [ $i -lt $layer ]; do
   xdotool key --clearmodifiers plus
