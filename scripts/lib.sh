@@ -5,7 +5,7 @@
 
 KORVEXED_ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 KORVEXED_BUILD_DIR="$KORVEXED_ROOT/build"
-KORVEXED_PACKAGES=(cmake g++ qt6-base-dev qt6-svg-dev libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
+KORVEXED_PACKAGES=(cmake g++ qt6-base-dev qt6-svg-dev libpng-dev libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
   desktop-file-utils libxml2-utils shared-mime-info)
 
 korvexed_install_packages() {
