@@ -4,6 +4,7 @@
 #include <string>
 
 #include "document/korvexed_file.h"
+#include "document/reserved_array.h"
 #include "tests/file_fixture.h"
 
 using namespace korvexed;
@@ -159,6 +160,23 @@ TEST_F(Load, GrowsInChunks) {
   EXPECT_EQ(doc.layer(1001).g_count, 1001);
   EXPECT_EQ(doc.layer(1001).g_capacity(), 2000);
   EXPECT_EQ(doc.coor_list_capacity(), 10000);
+}
+
+TEST(ReservedArray, NeverMovesAndReadsFreshElementsAsZero) {
+  ReservedArray<uint64_t> pool;
+  pool.reserve(1);
+  const uint64_t* const start = pool.data();
+  size_t used = 0;
+  for (size_t wanted = 1; wanted < 5'000'000; wanted = wanted * 3 / 2 + 1) {
+    pool.reserve(wanted);
+    ASSERT_GE(pool.room(), wanted);
+    for (; used < wanted; ++used) {
+      ASSERT_EQ(pool[used], 0u) << used;
+      pool[used] = used * 7;
+    }
+  }
+  EXPECT_EQ(pool.data(), start);
+  for (size_t i = 0; i < used; i += 4099) ASSERT_EQ(pool[i], i * 7);
 }
 
 class LoadLimits : public FileTest {
