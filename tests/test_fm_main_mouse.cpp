@@ -215,19 +215,35 @@ TEST_F(MouseTest, BandsAddWithShiftInvertWithCtrlRemoveWithAltAndCtrlWinsOverAlt
   EXPECT_EQ(Status(), "1 vertex selected");
 }
 
-TEST_F(MouseTest, CtrlClickOnALineSwapsTheMarksOfItsEnds) {
-  Mark({2});
-  Click(Qt::LeftButton, At(10, 6, 3, 0), Qt::ControlModifier);  // on the line from record 2 to 3
-  EXPECT_EQ(Marked(2), 0);
-  EXPECT_EQ(Marked(3), 1);
-}
-
-TEST_F(MouseTest, AClickOnEmptySpaceKeepsTheSelectionOnlyWithShift) {
-  Mark({2, 3});
-  Click(Qt::LeftButton, At(6, 6), Qt::ShiftModifier);
-  EXPECT_EQ(Marked(2) + Marked(3), 2);
-  Click(Qt::LeftButton, At(6, 6));
-  EXPECT_EQ(Marked(2) + Marked(3), 0);
+// Each case marks `before`, clicks, and expects the marks of records 1 to 4.
+TEST_F(MouseTest, ClicksMarkVerticesAndLineEndsAsTheKeysSay) {
+  struct Case {
+    const char* what;
+    std::initializer_list<int32_t> before;
+    QPoint at;
+    Qt::KeyboardModifiers keys;
+    const char* after;
+  };
+  const Case cases[] = {
+      {"a vertex alone", {1}, At(10, 10, 2, 2), {}, "0010"},
+      {"Shift adds a vertex", {3}, At(2, 10), Qt::ShiftModifier, "0011"},
+      {"Alt never marks a vertex", {3, 4}, At(10, 2), Qt::AltModifier, "0011"},
+      {"a marked vertex alone", {1, 2, 3}, At(10, 2), {}, "0100"},
+      {"Ctrl unmarks a marked vertex", {2}, At(10, 2), Qt::ControlModifier, "0000"},
+      {"both ends of a line alone", {2}, At(6, 10, 0, 2), {}, "0011"},
+      {"Alt unmarks a line's ends", {3, 4}, At(6, 10), Qt::AltModifier, "0000"},
+      {"Ctrl swaps a line's ends", {2}, At(10, 6, 3, 0), Qt::ControlModifier, "0010"},
+      {"Shift keeps all on empty space", {2, 3}, At(6, 6), Qt::ShiftModifier, "0110"},
+      {"empty space unmarks all", {2, 3}, At(6, 6), {}, "0000"},
+  };
+  for (const Case& c : cases) {
+    Mark(c.before);
+    Click(Qt::LeftButton, c.at, c.keys);
+    std::string marks;
+    for (int32_t r = 1; r <= 4; ++r) marks += Marked(r) ? '1' : '0';
+    EXPECT_EQ(marks, c.after) << c.what;
+  }
+  EXPECT_FALSE(doc.modified);
 }
 
 TEST_F(MouseTest, ARightOrMiddleDragMovesThePictureWithThePointer) {
@@ -247,6 +263,18 @@ TEST_F(MouseTest, TheFirstHoverAfterAReleaseShowsNoText) {
   EXPECT_EQ(Status(), after_click);
   Hover(At(3, 4));
   EXPECT_EQ(Status(), "Mouse location X (3), Y (4)");
+}
+
+TEST_F(MouseTest, NoMenuOnEmptySpaceNorWithoutADocument) {
+  Click(Qt::RightButton, At(6, 6));
+  EXPECT_TRUE(popups_.menus.empty());
+  StartWith({});
+  area_ = Control<QWidget>(QStringLiteral("picDraw"));
+  Click(Qt::RightButton, At(6, 2));
+  Hover(At(6, 2));
+  Hover(At(6, 2));
+  EXPECT_TRUE(popups_.menus.empty());
+  EXPECT_EQ(Status(), QString());
 }
 
 TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
@@ -296,11 +324,14 @@ TEST_F(MouseTest, ChangeFeedrateWithZeroChangesAllMarkedAndWithAnOldValueOnlyTho
   EXPECT_LE(off.manhattanLength(), 2);
 }
 
-TEST_F(MouseTest, EscapeCancelsChangeFeedrate) {
+TEST_F(MouseTest, EscapeOrOkWithoutAChangeLeavesTheDocumentUnmodified) {
   Mark({2});
   popups_.items = {"poSelectEdit_3"};
   Click(Qt::RightButton, At(10, 2));  // no answer queued: Escape
-  EXPECT_EQ(popups_.dialogs.size(), 1u);
+  popups_.items = {"poSelectEdit_2"};
+  popups_.answers = {Type({})};
+  Click(Qt::RightButton, At(10, 2));
+  EXPECT_EQ(popups_.dialogs.size(), 2u);
   EXPECT_EQ(Record(2).f, 1200);
   EXPECT_FALSE(doc.modified);
 }
@@ -316,15 +347,6 @@ TEST_F(MouseTest, EditingXByTwoWithThreeVerticesMarkedMovesAllThree) {
   EXPECT_EQ(Record(1).x, 2);
   EXPECT_EQ(CheckConsistency(), "");
   EXPECT_TRUE(doc.modified);
-}
-
-TEST_F(MouseTest, OkWithoutAChangeLeavesTheDocumentUnmodified) {
-  Mark({2});
-  popups_.items = {"poSelectEdit_2"};
-  popups_.answers = {Type({})};
-  Click(Qt::RightButton, At(10, 2));
-  EXPECT_EQ(popups_.dialogs.size(), 1u);
-  EXPECT_FALSE(doc.modified);
 }
 
 }  // namespace
