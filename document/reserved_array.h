@@ -1,8 +1,7 @@
 #pragma once
 // Storage that only grows, in address space reserved once: it never moves
-// what it holds, and its memory is mapped in large steps, on huge pages
-// where the system has them, each faulted in by one system call instead of
-// one page at a time.
+// what it holds, and its memory is mapped in large steps that are each
+// faulted in by one system call instead of one page at a time.
 #include <cstddef>
 #include <type_traits>
 
@@ -22,8 +21,6 @@ class ReservedBytes {
   void commit(size_t bytes);
 
  private:
-  void reserve();
-
   char* base_ = nullptr;
   size_t reserved_ = 0;
   size_t committed_ = 0;
