@@ -125,16 +125,16 @@ TEST_F(ListsTest, ALayerClickFillsTheDataListAndTheStatus) {
   EXPECT_EQ(Status(2), QStringLiteral("Layer 2"));
   EXPECT_EQ(Status(1), QStringLiteral("L2> Z0.4"));
   EXPECT_EQ(Status(3), QStringLiteral("Data 0"));
+  ChooseFromMenu(Button("cmdSelect"), QStringLiteral("Select &All"));
+  EXPECT_EQ(enabled_items_, (QStringList{QStringLiteral("Select &Invert"), QStringLiteral("Select &All")}));
+  EXPECT_EQ(Status(1), QStringLiteral("3 vertices selected"));
 }
 
-TEST_F(ListsTest, DeselectingTheOnlyLayerSelectsItAgain) {
-  ClickLine(List("lstLayer"), 0, Qt::ControlModifier);
+TEST_F(ListsTest, DeselectingTheCurrentLayerMovesToTheNearestSelectedBelowElseAbove) {
+  ListBox* layers = List("lstLayer");
+  ClickLine(layers, 0, Qt::ControlModifier);  // the only one stays
   EXPECT_EQ(lists.layer_selected, (U8{1, 0, 0, 0, 0}));
   EXPECT_EQ(doc.current_layer, 0);
-}
-
-TEST_F(ListsTest, DeselectingTheCurrentLayerMovesToTheNearestSelectedBelow) {
-  ListBox* layers = List("lstLayer");
   ClickLine(layers, 1);
   ClickLine(layers, 4, Qt::ShiftModifier);
   ClickLine(layers, 2, Qt::ControlModifier);
@@ -145,6 +145,10 @@ TEST_F(ListsTest, DeselectingTheCurrentLayerMovesToTheNearestSelectedBelow) {
   ClickLine(layers, 4, Qt::ControlModifier);
   EXPECT_EQ(doc.current_layer, 3);
   EXPECT_EQ(Status(2), QStringLiteral("Layer 3"));
+  ClickLine(layers, 3);
+  ClickLine(layers, 2, Qt::ControlModifier);
+  ClickLine(layers, 2, Qt::ControlModifier);
+  EXPECT_EQ(doc.current_layer, 3);
   EXPECT_EQ(DebugMessages(), 0);
 }
 
@@ -188,9 +192,14 @@ TEST_F(ListsTest, TheDataSliderAddsRowsOnlyWithRangeScroll) {
   EXPECT_EQ(Status(3), QStringLiteral("Data 1"));
 }
 
-TEST_F(ListsTest, ViewInvertWithEveryLayerSelected) {
+TEST_F(ListsTest, ViewSingleKeepsTheCurrentLayerAndInvertOfAllLeavesLayerZero) {
   ChooseFromMenu(Button("cmdLayer"), QStringLiteral("View &All"));
   EXPECT_EQ(lists.layer_selected, (U8{1, 1, 1, 1, 1}));
+  ClickLine(List("lstLayer"), 3, Qt::ControlModifier);
+  ClickLine(List("lstLayer"), 3, Qt::ControlModifier);
+  ChooseFromMenu(Button("cmdLayer"), QStringLiteral("View &Single"));
+  EXPECT_EQ(lists.layer_selected, (U8{0, 0, 0, 1, 0}));
+  ChooseFromMenu(Button("cmdLayer"), QStringLiteral("View &All"));
   ChooseFromMenu(Button("cmdLayer"), QStringLiteral("View &Invert"));
   EXPECT_EQ(enabled_items_, (QStringList{QStringLiteral("View &Single"), QStringLiteral("View &Invert")}));
   EXPECT_EQ(lists.layer_selected, (U8{1, 0, 0, 0, 0}));
@@ -201,6 +210,8 @@ TEST_F(ListsTest, ViewInvertWithEveryLayerSelected) {
 TEST_F(ListsTest, ViewNoneThenAClickOnOneLine) {
   ClickLine(List("lstLayer"), 2);
   ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  EXPECT_EQ(enabled_items_, (QStringList{QStringLiteral("View &None"), QStringLiteral("View &Invert"),
+                                         QStringLiteral("View &Extruded")}));
   EXPECT_EQ(List("lstSelect")->line_count(), 0);
   ClickLine(List("lstData"), 1);
   EXPECT_EQ(lists.data_selected, (U8{0, 1, 0}));
@@ -252,6 +263,7 @@ TEST_F(ListsTest, AShiftClickReachesFromTheRowTheSliderChose) {
 
 TEST_F(ListsTest, ARightClickOnTheDataListMarksEveryListedVertex) {
   ClickLine(List("lstLayer"), 2);
+  EXPECT_EQ(RightClickMenu(List("lstSelect"), 1), QString());  // nothing marked yet
   EXPECT_EQ(RightClickMenu(List("lstData"), 1), QStringLiteral("mnSelectEdit"));
   EXPECT_EQ(lists.select_flag, (U8{1, 1, 1}));
   EXPECT_EQ(lists.select_line, (U8{1, 1, 1}));
