@@ -71,12 +71,6 @@ TEST_F(Lists, ViewCommandsChooseTheRowsOnView) {
   EXPECT_EQ(lists.data_selected, (U8{0, 0, 0, 0, 0, 0}));
 }
 
-TEST_F(Lists, OnlyMovesOnViewAreListed) {
-  load(list_doc);
-  on_view({1, 4, 5});
-  EXPECT_EQ(lists.row_to_g, (std::vector<int32_t>{1}));
-}
-
 TEST_F(Lists, TheGuardStopsARebuild) {
   load(list_doc);
   lists.refresh_guard = true;
@@ -107,26 +101,6 @@ TEST_F(Lists, SelectionStatusCountsTheSelectedLines) {
   EXPECT_EQ(lists.select_line, (U8{1, 0, 1, 1}));
   SelectCommand(0);
   EXPECT_EQ(lists.select_flag, (U8{0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(debug_messages(), 0);
-}
-
-TEST_F(Lists, FlagsGoToTheLines) {
-  load(list_doc);
-  lists.select_flag[3] = 1;
-  ApplySelection(false);
-  EXPECT_EQ(lists.select_line, (U8{0, 0, 0, 1}));
-  EXPECT_EQ(ui->status[3], "Data 3");
-}
-
-TEST_F(Lists, AMarkOffViewIsKeptButNotCounted) {
-  load(list_doc);
-  mark({1, 2});
-  on_view({2});
-  SelectionStatus();
-  EXPECT_EQ(ui->status[1], "1 vertex selected");
-  EXPECT_EQ(lists.select_flag[1], 1);
-  DataViewCommand(4);
-  EXPECT_EQ(lists.select_line, (U8{0, 1, 1, 0}));
   EXPECT_EQ(debug_messages(), 0);
 }
 
