@@ -27,7 +27,7 @@ TEST_F(InsertPoints, TwoPointsCutASegmentInThirds) {
   EXPECT_CONSISTENT();
 }
 
-TEST_F(InsertPoints, OnePointGoesWhereTheUserClicked) {
+TEST_F(InsertPoints, TheCommandPutsOnePointWhereTheUserClickedAndSpreadsSeveral) {
   load("G1 X0 Y0 F1200\nG1 X9 Y0 E9\nG1 X12 Y0 E12\n");
   InsertPointsCommand(2, 1, 4.5, 6);
   EXPECT_TRUE(doc.modified);
@@ -37,14 +37,9 @@ TEST_F(InsertPoints, OnePointGoesWhereTheUserClicked) {
   EXPECT_DOUBLE_EQ(at(0, 2).e_delta, 7.5);
   EXPECT_DOUBLE_EQ(at(0, 3).e_delta, 7.5);
   EXPECT_DOUBLE_EQ(at(0, 4).e, 18);
-  EXPECT_CONSISTENT();
-}
-
-TEST_F(InsertPoints, TheCommandSpreadsSeveralPoints) {
-  load("G1 X0 Y0 F1200\nG1 X8 Y0 E8\n");
-  InsertPointsCommand(2, 3, 100, 100);
-  EXPECT_EQ(doc.layer(0).g_count, 6);
-  EXPECT_EQ(at(0, 3).x, 4);
+  InsertPointsCommand(4, 3, 100, 100);  // the click no longer counts
+  EXPECT_EQ(doc.layer(0).g_count, 8);
+  EXPECT_EQ(at(0, 5).x, 10.5);
   EXPECT_CONSISTENT();
 }
 
