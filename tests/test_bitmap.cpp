@@ -143,11 +143,3 @@ TEST(Bitmap, VertexDotIsThreeByThreeAndClipped) {
   PointBitmap(b, INT32_MIN, INT32_MAX, white);
   EXPECT_TRUE(Coloured(b, white).empty());
 }
-
-TEST(Bitmap, CopyTakesEveryPixel) {
-  Bitmap a = Blank(7, 3), b = Blank(7, 3);
-  FillBitmap(a, white);
-  LineBitmap(a, 0, 0, 6, 2, red);
-  CopyBitmap(b, a);
-  EXPECT_EQ(a.pixels, b.pixels);
-}
