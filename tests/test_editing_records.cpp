@@ -25,56 +25,37 @@ const char* const state_doc =
 
 using State = EditingTest;
 
-TEST_F(State, BeforeTheFirstRecordIsTheOrigin) {
+// The state before record `r` of `layer`, and the layer the walk ends in.
+TEST_F(State, BeforeARecordWalksBackToTheLastMoveAndTheResetsAfterIt) {
+  struct Case {
+    const char* what;
+    const char* gcode;
+    int32_t layer, r, end_layer;
+    double x, y, e, f;
+  };
+  const char* const everything_reset = "G1 X1 Y1 E1\nG1 X1 Y1 Z0.3 E2\nG92 X7 Y8 E9 F100\nM117\n";
+  const Case cases[] = {
+      {"the origin before the first record", state_doc, 0, -1, 0, 0, 0, 0, 0},
+      {"a reset of E keeps the move's position", state_doc, 0, 3, 0, 5, 6, 0, 900},
+      {"into the layer before", state_doc, 1, -1, 0, 8, 10, 3, 900},
+      {"a reset of X in the same layer", state_doc, 1, 1, 1, 1, 10, 4, 900},
+      {"a reset of everything ends the walk", everything_reset, 1, 2, 1, 7, 8, 9, 100},
+  };
+  for (const Case& c : cases) {
+    load(c.gcode);
+    int32_t layer = c.layer;
+    const coor_data s = get_state_before(layer, c.r);
+    EXPECT_EQ(layer, c.end_layer) << c.what;
+    EXPECT_EQ((std::vector<double>{s.x, s.y, s.e, s.f}), (std::vector<double>{c.x, c.y, c.e, c.f})) << c.what;
+  }
+  // The last move's deltas come along; none when a reset gave everything.
+  int32_t layer = 1;
+  EXPECT_EQ(get_state_before(layer, 2).e_delta, 0);
   load(state_doc);
-  int32_t layer = 0;
-  const coor_data s = get_state_before(layer, -1);
-  EXPECT_EQ(layer, 0);
-  EXPECT_EQ(s.x, 0);
-  EXPECT_EQ(s.y, 0);
-  EXPECT_EQ(s.e, 0);
-  EXPECT_EQ(s.f, 0);
-}
-
-TEST_F(State, AResetGivingOnlyEKeepsTheMovesPosition) {
-  load(state_doc);
-  int32_t layer = 0;
+  layer = 0;
   const coor_data s = get_state_before(layer, 3);
-  EXPECT_EQ(layer, 0);
-  EXPECT_EQ(s.x, 5);
-  EXPECT_EQ(s.y, 6);
-  EXPECT_EQ(s.e, 0);
-  EXPECT_EQ(s.f, 900);
   EXPECT_EQ(s.e_delta, 2);
   EXPECT_EQ(s.d_delta, 61);
-}
-
-TEST_F(State, WalksIntoTheLayersBefore) {
-  load(state_doc);
-  int32_t layer = 1;
-  const coor_data s = get_state_before(layer, -1);
-  EXPECT_EQ(layer, 0);
-  EXPECT_EQ(s.x, 8);
-  EXPECT_EQ(s.e, 3);
-
-  layer = 1;
-  const coor_data after_reset = get_state_before(layer, 1);
-  EXPECT_EQ(layer, 1);
-  EXPECT_EQ(after_reset.x, 1);
-  EXPECT_EQ(after_reset.y, 10);
-  EXPECT_EQ(after_reset.e, 4);
-}
-
-TEST_F(State, AResetGivingEverythingEndsTheWalkWithoutAMove) {
-  load("G1 X1 Y1 E1\nG1 X1 Y1 Z0.3 E2\nG92 X7 Y8 E9 F100\nM117\n");
-  int32_t layer = 1;
-  const coor_data s = get_state_before(layer, 2);
-  EXPECT_EQ(layer, 1);
-  EXPECT_EQ(s.x, 7);
-  EXPECT_EQ(s.y, 8);
-  EXPECT_EQ(s.e, 9);
-  EXPECT_EQ(s.f, 100);
-  EXPECT_EQ(s.e_delta, 0);
 }
 
 TEST_F(State, NextMoveAppliesTheResetsOnTheWay) {
