@@ -133,21 +133,6 @@ TEST_F(WindowTest, StartsWithEveryMenuItemInItsState) {
   }
 }
 
-TEST_F(WindowTest, TheWheelZoomsOnlyOutsideDebugMode) {
-  LoadExample();
-  auto turn = [&] {
-    auto* area = Control<QWidget>(QStringLiteral("picDraw"));
-    QWheelEvent event(QPointF(20, 20), area->mapToGlobal(QPointF(20, 20)), QPoint(), QPoint(0, 120), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(area, &event);
-    return event.isAccepted();
-  };
-  EXPECT_TRUE(turn());
-  StartWith({"DEBUG"});
-  LoadExample();
-  EXPECT_FALSE(turn());
-}
-
 TEST_F(WindowTest, OpensTheCommandLineFileQuotedOrNot) {
   const std::string path = Write("two words/my print.gcode", two_layers);
   StartWith({"\"" + path + "\""});
