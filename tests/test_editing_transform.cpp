@@ -65,12 +65,6 @@ TEST_F(Translate, TheOffsetFollowsTheRotation) {
   EXPECT_NEAR(at(0, 1).y, -4, 1e-10);
 }
 
-TEST_F(Translate, ARotationKeepsTheBookkeeping) {
-  load("G1 X3 Y1 E1\nG1 X7 Y2 E3\nG1 X7 Y2 Z0.2 E4\nG1 X1 Y9 E9\n");
-  translate_all(37.5, 0, 0);
-  EXPECT_CONSISTENT();
-}
-
 TEST_F(Translate, NothingToDoIsSaid) {
   load(square_doc);
   EXPECT_FALSE(TranslateCommand(1e-11, 0, -1e-11));
