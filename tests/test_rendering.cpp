@@ -98,21 +98,22 @@ TEST_F(RenderingTest, ArrowBarbsAreAQuarterOfTheSegmentUpToFifteenPixels) {
 }
 
 TEST_F(RenderingTest, ArrowsPointTheWayTheToolMoves) {
-  DrawArrow(100, 40, 100, 140, 100 * 100, current.travel);  // upwards
-  EXPECT_EQ(At(95, 76), current.travel);
-  EXPECT_EQ(At(105, 76), current.travel);
-  Blank();
-  DrawArrow(100, 140, 100, 40, 100 * 100, current.travel);  // downwards
-  EXPECT_EQ(At(95, 104), current.travel);
-  EXPECT_EQ(At(105, 104), current.travel);
-  Blank();
-  DrawArrow(140, 90, 40, 90, 100 * 100, current.travel);  // leftwards
-  EXPECT_EQ(At(104, 95), current.travel);
-  EXPECT_EQ(At(104, 85), current.travel);
-  Blank();
-  DrawArrow(40, 40, 140, 140, 2 * 100 * 100, current.travel);  // up and right
-  EXPECT_EQ(At(76, 84), current.travel);  // 15 px back at 45 +- 20 deg
-  EXPECT_EQ(At(84, 76), current.travel);
+  struct Case {
+    const char* way;
+    int32_t x1, y1, x2, y2, barb1_x, barb1_y, barb2_x, barb2_y;
+  };
+  // The diagonal's barbs: 15 px back at 45 +- 20 deg.
+  const Case cases[] = {{"up", 100, 40, 100, 140, 95, 76, 105, 76},
+                        {"down", 100, 140, 100, 40, 95, 104, 105, 104},
+                        {"left", 140, 90, 40, 90, 104, 95, 104, 85},
+                        {"up right", 40, 40, 140, 140, 76, 84, 84, 76}};
+  for (const Case& c : cases) {
+    Blank();
+    const double length_sq = double(c.x2 - c.x1) * (c.x2 - c.x1) + double(c.y2 - c.y1) * (c.y2 - c.y1);
+    DrawArrow(c.x1, c.y1, c.x2, c.y2, length_sq, current.travel);
+    EXPECT_EQ(At(c.barb1_x, c.barb1_y), current.travel) << c.way;
+    EXPECT_EQ(At(c.barb2_x, c.barb2_y), current.travel) << c.way;
+  }
 }
 
 TEST_F(RenderingTest, PathColourFollowsExtrusionAndTravelHidesWithoutItsDots) {
