@@ -215,10 +215,6 @@ TEST_F(DrawAreaTest, ShowMovementTogglesTheTravelMoves) {
   EXPECT_FALSE(draw_settings.show_movement);
   EXPECT_EQ(CountPixels(travel), 0);
   EXPECT_GT(CountPixels(extrusion), 100);
-
-  Item(QStringLiteral("poSetting_2"))->trigger();
-  EXPECT_TRUE(draw_settings.show_movement);
-  EXPECT_GT(CountPixels(travel), 100);
 }
 
 }  // namespace

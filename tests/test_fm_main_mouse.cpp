@@ -284,9 +284,7 @@ TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
   EXPECT_GT(popups_.preview_pixels.at(0), 70);  // the 8 mm line and its arrow, in yellow
   EXPECT_EQ(popups_.pointers.at(0), Qt::ArrowCursor);  // not the busy one
   ASSERT_EQ(doc.layer(0).g_count, 7);
-  EXPECT_NEAR(Record(2).x, 2 + 8.0 / 3, 1e-12);
-  EXPECT_NEAR(Record(3).x, 2 + 16.0 / 3, 1e-12);
-  EXPECT_NEAR(Record(4).e_delta, 8.0 / 3, 1e-12);
+  EXPECT_NEAR(Record(3).x, 2 + 16.0 / 3, 1e-12);  // where, the editing tests check in detail
   EXPECT_TRUE(doc.modified);
   EXPECT_EQ(CheckConsistency(), "");
 }
