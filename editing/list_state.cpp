@@ -69,7 +69,9 @@ void FillLayerList() {
 }
 
 void ShowSingleLayer(int32_t layer) {
-  std::fill(lists.layer_selected.begin(), lists.layer_selected.end(), 0);
+  // Sized here too: a caller may come straight from a load, before the
+  // layer list was filled.
+  lists.layer_selected.assign(at(doc.layer_count), 0);
   lists.layer_selected[at(layer)] = 1;
   lists.layer_caret = layer;
   platform().list_reset(ListId::layer);

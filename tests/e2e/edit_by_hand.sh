@@ -7,6 +7,8 @@
 # check.
 # usage: edit_by_hand.sh KORVEXED KORVEXED_CLI SCREEN_VERTICES CHECK_DOCUMENT FIXTURE
 set -eu
+# Everything here talks to the X server below, whatever the caller's platform.
+unset QT_QPA_PLATFORM
 
 if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
   KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
@@ -39,7 +41,7 @@ wait_for() {
 }
 
 cp "$fixture" "$work/print.gcode"
-QT_QPA_PLATFORM=xcb "$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
+"$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
 editor_pid=$!
 window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') || fail "no window"
 window=$(echo "$window" | head -n 1)
