@@ -1,8 +1,20 @@
 #include "editing/dialog_placement.h"
 
 #include <QDialog>
+#include <QDialogButtonBox>
+#include <QPushButton>
 
 namespace korvexed {
+
+QDialogButtonBox* OkCancelButtons(QDialog* dialog) {
+  auto* buttons = new QDialogButtonBox(dialog);
+  QPushButton* ok = buttons->addButton(QDialog::tr("OK"), QDialogButtonBox::AcceptRole);
+  ok->setObjectName(QStringLiteral("cmdOk"));
+  ok->setDefault(true);
+  buttons->addButton(QDialog::tr("Cancel"), QDialogButtonBox::RejectRole)->setObjectName(QStringLiteral("cmdCancel"));
+  QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+  return buttons;
+}
 
 bool ExecCentred(QDialog& dialog, QWidget* main_window) {
   dialog.adjustSize();

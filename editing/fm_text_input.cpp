@@ -7,7 +7,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -53,13 +52,8 @@ FmTextInput::FmTextInput(RecordForm& form, QWidget* parent) : QDialog(parent), f
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
 
-  auto* buttons = new QDialogButtonBox(this);
-  QPushButton* ok = buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
-  ok->setObjectName(QStringLiteral("cmdOk"));
-  ok->setDefault(true);
-  buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)->setObjectName(QStringLiteral("cmdCancel"));
+  QDialogButtonBox* buttons = OkCancelButtons(this);
   connect(buttons, &QDialogButtonBox::accepted, this, &FmTextInput::cmdOk_Click);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(fields);

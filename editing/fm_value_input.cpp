@@ -4,7 +4,6 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "editing/dialog_placement.h"
@@ -28,13 +27,8 @@ FmValueInput::FmValueInput(ValueForm& form, QWidget* parent) : QDialog(parent), 
       txt_[i]->hide();
     }
   }
-  auto* buttons = new QDialogButtonBox(this);
-  QPushButton* ok = buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
-  ok->setObjectName(QStringLiteral("cmdOk"));
-  ok->setDefault(true);
-  buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)->setObjectName(QStringLiteral("cmdCancel"));
+  QDialogButtonBox* buttons = OkCancelButtons(this);
   connect(buttons, &QDialogButtonBox::accepted, this, &FmValueInput::cmdOk_Click);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(rows);
