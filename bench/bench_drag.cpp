@@ -7,9 +7,6 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-#include <chrono>
-#include <cstdlib>
-#include <fstream>
 #include <string>
 
 #include "app/fm_main.h"
@@ -25,23 +22,6 @@ namespace {
 
 constexpr int32_t layer_records = 20000;
 constexpr int32_t marked_vertices = 20;
-
-// Layer 1 holds 20,000 records: its Z move, then rows of 200 moves 0.2 mm
-// apart, each row reached by a travel, like a slicer's infill.
-std::string LayerPrint() {
-  const std::string path = KORVEXED_BENCH_DIR "/drag_layer.gcode";
-  std::ofstream out(path, std::ios::binary);
-  out << "G21\nG92 E0\nG1 Z0.2 F1800\n";
-  double e = 0;
-  for (int i = 1; i < layer_records; ++i) {
-    const int column = i % 200, row = i / 200;
-    out << (column == 0 ? "G0" : "G1") << " X" << 20 + column * 0.2 << " Y" << 20 + row * 0.2;
-    if (column != 0) out << " E" << (e += 0.008);
-    out << '\n';
-  }
-  out << "G1 Z0.4\nG1 X30 Y30 E" << e + 1 << '\n';
-  return path;
-}
 
 // The layer with the most records.
 int32_t LargestLayer() {
@@ -72,33 +52,32 @@ void Send(QWidget* area, QEvent::Type type, QPoint at, Qt::MouseButtons held) {
 }
 
 void DragStep(benchmark::State& state, const std::string& path) {
-  FmMain window({});
-  window.resize(1280, 800);
-  window.Start();
-  window.LoadCommand(path);
+  const auto window = OpenWindow(path, QSize(1280, 800));
   if (!IsDocumentLoaded()) return state.SkipWithError("loading failed");
   ShowSingleLayer(LargestLayer());
   ZoomFit();
   const int32_t first = MarkMovesFromMiddle(marked_vertices);
   QApplication::processEvents();
 
-  auto* area = window.findChild<QWidget*>(QStringLiteral("picDraw"));
+  auto* area = window->findChild<QWidget*>(QStringLiteral("picDraw"));
   const coor_data& vertex = doc.coor(doc.current_layer, first);
   int32_t px, py;
   WorldToPixel(vertex.x, vertex.y, px, py);
   QPoint at(px, drawing.picture.height - py);
   Send(area, QEvent::MouseButtonPress, at, Qt::LeftButton);
   int step = 1;
+  StepTimer timer;
   for (auto _ : state) {
     at.rx() += step;
     step = -step;  // back and forth, so the vertices stay on view
-    const auto start = std::chrono::steady_clock::now();
+    timer.Start();
     Send(area, QEvent::MouseMove, at, Qt::LeftButton);
     QApplication::processEvents();  // the window paints what changed
-    state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    state.SetIterationTime(timer.Stop() / 1000);
   }
   Send(area, QEvent::MouseButtonRelease, at, Qt::NoButton);
   if (!doc.modified) state.SkipWithError("the drag moved nothing");
+  state.counters["slowest_ms"] = timer.slowest();
   state.counters["layer_records"] = doc.layer(doc.current_layer).g_count;
   state.counters["marked"] = CountSelected(lists.select_line);
   doc.modified = false;  // the window closes without asking
@@ -106,7 +85,9 @@ void DragStep(benchmark::State& state, const std::string& path) {
 
 }  // namespace
 
-void DragStepLayerOf20000(benchmark::State& state) { DragStep(state, LayerPrint()); }
+void DragStepLayerOf20000(benchmark::State& state) {
+  DragStep(state, WriteLongLayerPrint("drag_layer.gcode", layer_records, 200, 0.2));
+}
 void DragStepLargestLayerOfPrint(benchmark::State& state) { DragStep(state, GuiPrint().path); }
 
 BENCHMARK(DragStepLayerOf20000)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(200);
