@@ -1,13 +1,12 @@
 // korvexed-cli render: the PNG it writes, read back pixel by pixel.
-#include <sys/resource.h>
 
 #include <QImage>
 #include <QString>
-#include <csignal>
 #include <filesystem>
 #include <string>
 
 #include "cli_runner.h"
+#include "tests/file_size_limit.h"
 
 namespace {
 
@@ -96,15 +95,11 @@ TEST_F(CliRender, RefusesLayersTheFileDoesNotHaveAndReportsFailedWrites) {
 
 TEST_F(CliRender, AFailedWriteKeepsTheOldPictureAndLeavesNothingBehind) {
   Write("out.png", "old picture");
-  // Files of the program may not grow beyond 200 bytes: the PNG cannot be written.
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit old_limit{};
-  getrlimit(RLIMIT_FSIZE, &old_limit);
-  rlimit small = old_limit;
-  small.rlim_cur = 200;
-  setrlimit(RLIMIT_FSIZE, &small);
-  const CliResult result = Run({"render", "in.gcode", "-o", "out.png"});
-  setrlimit(RLIMIT_FSIZE, &old_limit);
+  // The PNG cannot be written beyond 200 bytes.
+  const CliResult result = [&] {
+    const korvexed::testing::FileSizeLimit limit(200);
+    return Run({"render", "in.gcode", "-o", "out.png"});
+  }();
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.err, "message: Error while writing the picture: File too large\n");
   EXPECT_EQ(Read("out.png"), "old picture");

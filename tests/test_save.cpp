@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <filesystem>
 #include <string>
 
 #include "document/korvexed_file.h"
 #include "tests/file_fixture.h"
+#include "tests/file_size_limit.h"
 
 using namespace korvexed;
 using korvexed::testing::FileTest;
@@ -82,14 +81,10 @@ TEST_F(Save, ReportsProgressEveryTenThousandLines) {
 TEST_F(Save, KeepsTheOldFileWhenWritingFails) {
   load_text(std::string(20000, 'M') + "\n");
   const std::string target = write("keep.gcode", "old contents\n");
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit old_limit{};
-  getrlimit(RLIMIT_FSIZE, &old_limit);
-  rlimit small = old_limit;
-  small.rlim_cur = 1000;
-  setrlimit(RLIMIT_FSIZE, &small);
-  const bool ok = SaveGCode(target, save_plain);
-  setrlimit(RLIMIT_FSIZE, &old_limit);
+  const bool ok = [&] {
+    const korvexed::testing::FileSizeLimit limit(1000);
+    return SaveGCode(target, save_plain);
+  }();
   EXPECT_FALSE(ok);
   EXPECT_EQ(last_message(), "Error while saving GCode file: File too large");
   EXPECT_EQ(read(target), "old contents\n");
