@@ -7,11 +7,10 @@
 
 namespace korvexed {
 
-// An X/Y bounding box; empty until a point is added.
+// An X/Y bounding box.
 struct Extent {
   bool empty = true;
   double x_min = 0, x_max = 0, y_min = 0, y_max = 0;
-  void add(double x, double y);
 };
 
 struct DocumentSummary {
@@ -25,8 +24,6 @@ struct DocumentSummary {
   // Every move's end point, but the G1 Z0 that every document starts with
   // (it is not part of the file).
   Extent moved;
-  // The area the extruding moves cover, start points included.
-  Extent printed;
 };
 
 DocumentSummary SummarizeDocument(const Document& document);
