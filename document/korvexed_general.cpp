@@ -220,32 +220,50 @@ bool fifth_decimal_units(double value, long long& units) {
   return true;
 }
 
-}  // namespace
+// Two digits of each number 0..99, for writing digits in pairs.
+constexpr char digit_pairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
 
-char* WriteNumber(char* out, double value, bool to_period) {
-  const char point = doc.decimal_comma && !to_period ? ',' : '.';
-  char* const start = out;
-  long long units = 0;
-  if (fifth_decimal_units(value, units)) {
-    if (units == 0) {
-      *out = '0';  // never "-0"
-      return out + 1;
-    }
-    if (units < 0) {
-      *out++ = '-';
-      units = -units;
-    }
-    out = std::to_chars(out, out + max_number_chars, units / 100000).ptr;
-    long long decimals = units % 100000;
-    if (decimals) {
-      int width = 5;
-      for (; decimals % 10 == 0; decimals /= 10) --width;
-      *out++ = point;
-      for (int d = width - 1; d >= 0; --d, decimals /= 10) out[d] = static_cast<char>('0' + decimals % 10);
-      out += width;
-    }
-    return out;
+// Coordinates are mostly below 1000: their digits are written directly.
+char* write_integer(char* out, uint64_t n) {
+  if (n < 10) {
+    *out = static_cast<char>('0' + n);
+    return out + 1;
   }
+  if (n < 100) {
+    std::memcpy(out, digit_pairs + 2 * n, 2);
+    return out + 2;
+  }
+  if (n < 1000) {
+    *out = static_cast<char>('0' + n / 100);
+    std::memcpy(out + 1, digit_pairs + 2 * (n % 100), 2);
+    return out + 3;
+  }
+  return std::to_chars(out, out + max_number_chars, n).ptr;
+}
+
+// A positive count of fifth decimals: the integer digits, then the
+// decimals without trailing zeros.
+char* write_units(char* out, uint64_t units, char point) {
+  out = write_integer(out, units / 100000);
+  const uint32_t decimals = static_cast<uint32_t>(units % 100000);
+  if (decimals == 0) return out;
+  out[0] = point;
+  std::memcpy(out + 1, digit_pairs + 2 * (decimals / 1000), 2);
+  const uint32_t last_three = decimals % 1000;
+  std::memcpy(out + 3, digit_pairs + 2 * (last_three / 10), 2);
+  out[5] = static_cast<char>('0' + last_three % 10);
+  out += 6;
+  while (out[-1] == '0') --out;  // stops at a digit: decimals is not 0
+  return out;
+}
+
+// The exact decimal expansion rounded to five decimals, for the values
+// whose fifth decimal the double product cannot decide.
+char* write_exact(char* out, double value, char point) {
+  char* const start = out;
   out = std::to_chars(out, start + max_number_chars, value, std::chars_format::fixed, 5).ptr;
   if (char* dot = static_cast<char*>(std::memchr(start, '.', static_cast<size_t>(out - start)))) {
     while (out[-1] == '0') --out;
@@ -257,6 +275,21 @@ char* WriteNumber(char* out, double value, bool to_period) {
     out = start + 1;
   }
   return out;
+}
+
+}  // namespace
+
+char* WriteNumber(char* out, double value, bool to_period) {
+  const char point = doc.decimal_comma && !to_period ? ',' : '.';
+  long long units = 0;
+  if (!fifth_decimal_units(value, units)) return write_exact(out, value, point);
+  if (units == 0) {
+    *out = '0';  // never "-0"
+    return out + 1;
+  }
+  *out = '-';
+  out += units < 0;
+  return write_units(out, static_cast<uint64_t>(units < 0 ? -units : units), point);
 }
 
 void AppendNumber(std::string& out, double value, bool to_period) {

@@ -26,6 +26,18 @@ std::string parse_error(std::string_view line, char key) {
   return "(no error)";
 }
 
+// printf's "%.5f" without trailing zeros, separator or minus sign of zero.
+std::string printf_text(double value, char point = '.') {
+  char text[512];
+  std::snprintf(text, sizeof text, "%.5f", value);
+  std::string want = text;
+  want.erase(want.find_last_not_of('0') + 1);
+  if (want.back() == '.') want.pop_back();
+  if (want == "-0") want = "0";
+  if (const size_t dot = want.find('.'); dot != std::string::npos) want[dot] = point;
+  return want;
+}
+
 }  // namespace
 
 TEST(SplitComment, KeepsBlanksBeforeTheFirstSemicolon) {
@@ -144,13 +156,46 @@ TEST(FormatNumber, AgreesWithPrintfOnEveryScale) {
     double value = mantissa(random) * std::pow(10.0, exponent(random));
     if (i % 2) value = (static_cast<double>(units(random)) + 0.5) / 100000.0;
     if (i % 4 == 3) value = std::nextafter(value, i % 8 == 3 ? 1e300 : -1e300);
-    char expected[512];
-    std::snprintf(expected, sizeof expected, "%.5f", value);
-    std::string want = expected;
-    want.erase(want.find_last_not_of('0') + 1);
-    if (want.back() == '.') want.pop_back();
-    if (want == "-0") want = "0";
-    ASSERT_EQ(FormatNumber(value, true), want) << "value " << value;
+    ASSERT_EQ(FormatNumber(value, true), printf_text(value)) << "value " << value;
+  }
+}
+
+TEST(FormatNumber, AgreesWithPrintfOnTheValuesOfGCode) {
+  std::mt19937_64 random(5);
+  std::uniform_int_distribution<long long> coordinate(-30000000, 30000000);  // in fifth decimals
+  std::uniform_int_distribution<long long> length(0, 100000000000000);
+  std::uniform_int_distribution<int> feed(0, 20000);
+  std::uniform_int_distribution<int> decimals(0, 5);
+  std::uniform_int_distribution<int> scale(-40, 70);
+  std::uniform_real_distribution<double> fraction(-1, 1);
+  const double powers[] = {1, 10, 100, 1000, 10000, 100000};
+  CommaLocale comma;
+  for (int i = 0; i < 1500000; ++i) {
+    double value = 0;
+    switch (i % 6) {
+      case 0: {  // a coordinate as a slicer writes it, with 0 to 5 decimals
+        const int d = decimals(random);
+        value = static_cast<double>(coordinate(random) / static_cast<long long>(powers[5 - d])) / powers[d];
+        break;
+      }
+      case 1:  // a long extrusion total
+        value = static_cast<double>(length(random)) / 100000;
+        break;
+      case 2:  // a feed rate
+        value = feed(random) * 60.0;
+        break;
+      case 3:  // tiny and huge values of either sign
+        value = std::ldexp(fraction(random), scale(random));
+        break;
+      case 4:  // on a half of the fifth decimal, or right next to it
+        value = (static_cast<double>(coordinate(random)) + 0.5) / 100000;
+        if (i % 4 == 0) value = std::nextafter(value, i % 8 ? 1e300 : -1e300);
+        break;
+      default:  // zero and negative zero, and values that round to them
+        value = std::copysign(i % 12 < 6 ? 0.0 : 0.0000049, i % 4 ? 1.0 : -1.0);
+    }
+    ASSERT_EQ(FormatNumber(value, true), printf_text(value)) << "value " << value;
+    ASSERT_EQ(FormatNumber(value, false), printf_text(value, ',')) << "value " << value;
   }
 }
 
