@@ -68,6 +68,10 @@ CliResult CliTest::Edit(std::string_view gcode, std::string_view script) const {
   return Run({"edit", "in.gcode", "script.txt"});
 }
 
+void PrintTo(const CliResult& result, std::ostream* os) {
+  *os << "status " << result.status << ", out \"" << result.out << "\", err \"" << result.err << '"';
+}
+
 std::vector<std::string> CrLfLines(std::string_view text) {
   std::vector<std::string> lines;
   while (!text.empty()) {

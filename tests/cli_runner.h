@@ -3,6 +3,7 @@
 // its working directory: scripts and arguments name files there.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +11,9 @@
 struct CliResult {
   int status = -1;  // exit status, -1 when the program did not exit normally
   std::string out, err;
+  bool operator==(const CliResult&) const = default;
 };
+void PrintTo(const CliResult& result, std::ostream* os);
 
 class CliTest : public ::testing::Test {
  protected:

@@ -9,17 +9,13 @@ namespace {
 using CliCommands = CliTest;
 
 TEST_F(CliCommands, VersionAndHelp) {
-  const CliResult version = Run({"--version"});
-  EXPECT_EQ(version.status, 0);
-  EXPECT_EQ(version.out, "korvexed-cli 1.0.3\n");
-
+  EXPECT_EQ(Run({"--version"}), (CliResult{0, "korvexed-cli 1.0.3\n", ""}));
   const CliResult help = Run({"--help"});
   EXPECT_EQ(help.status, 0);
   EXPECT_TRUE(help.out.starts_with("Usage: korvexed-cli COMMAND FILE"));
   for (const char* command :
-       {"info FILE", "dump FILE", "convert FILE", "translate FILE", "render FILE", "edit FILE SCRIPT"}) {
+       {"info FILE", "dump FILE", "convert FILE", "translate FILE", "render FILE", "edit FILE SCRIPT"})
     EXPECT_NE(help.out.find(command), std::string::npos) << command;
-  }
 }
 
 TEST_F(CliCommands, AWrongCommandLineExitsWithTwoAndSaysWhy) {
@@ -37,22 +33,11 @@ TEST_F(CliCommands, AWrongCommandLineExitsWithTwoAndSaysWhy) {
 
 TEST_F(CliCommands, InfoSummarisesLayersRecordsAndTheExtentOfTheMoves) {
   Write("a.gcode", square_gcode);
-  const CliResult result = Run({"info", "a.gcode"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "");
-  EXPECT_EQ(result.out,
-            "file: a.gcode\n"
-            "layers: 3\n"
-            "records: 12\n"
-            "moves: 9\n"
-            "g92: 1\n"
-            "text: 2\n"
-            "tagged: 0\n"
-            "x-min: 0\n"
-            "x-max: 10\n"
-            "y-min: 0\n"
-            "y-max: 10\n"
-            "z-max: 0.6\n");
+  EXPECT_EQ(Run({"info", "a.gcode"}),
+            (CliResult{0,
+                       "file: a.gcode\nlayers: 3\nrecords: 12\nmoves: 9\ng92: 1\ntext: 2\ntagged: 0\n"
+                       "x-min: 0\nx-max: 10\ny-min: 0\ny-max: 10\nz-max: 0.6\n",
+                       ""}));
 }
 
 TEST_F(CliCommands, InfoExtentLeavesOutTheStartLine) {
@@ -70,33 +55,30 @@ TEST_F(CliCommands, InfoExtentLeavesOutTheStartLine) {
 
 TEST_F(CliCommands, DumpWritesEveryRecordWithFullPrecision) {
   Write("a.gcode", square_gcode);
-  const CliResult result = Run({"dump", "a.gcode"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "");
-  EXPECT_EQ(result.out,
-            "document layers=3 tagged=0\n"
-            "layer 0 z=0 dz=0 records=3 moves=1\n"
-            "  0 G1 x=0 y=0 e=0 f=0 e_delta=0 d_delta=0 no_extrude=1 comment=\n"
-            "  1 text ; test square\n"
-            "  2 G92 x=none y=none e=0 f=none e_delta=0 d_delta=0 no_extrude=1 comment=\n"
-            "layer 1 z=0.29999999999999999 dz=0.29999999999999999 records=6 moves=5\n"
-            "  0 G1 x=0 y=0 e=0 f=1200 e_delta=0 d_delta=0.089999999999999997 no_extrude=1 comment=\n"
-            "  1 G1 x=10 y=0 e=1 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=edge\n"
-            "  2 G1 x=10 y=10 e=2 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"
-            "  3 G0 x=0 y=10 e=2 f=1200 e_delta=0 d_delta=100 no_extrude=1 comment=\n"
-            "  4 G1 x=0 y=0 e=3 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"
-            "  5 text ;comment line\n"
-            "layer 2 z=0.59999999999999998 dz=0.29999999999999999 records=3 moves=3\n"
-            "  0 G1 x=0 y=0 e=3 f=1200 e_delta=0 d_delta=0.089999999999999997 no_extrude=1 comment=\n"
-            "  1 G1 x=10 y=0 e=4 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"
-            "  2 G1 x=10 y=10 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n");
+  EXPECT_EQ(Run({"dump", "a.gcode"}),
+            (CliResult{0,
+                       "document layers=3 tagged=0\n"
+                       "layer 0 z=0 dz=0 records=3 moves=1\n"
+                       "  0 G1 x=0 y=0 e=0 f=0 e_delta=0 d_delta=0 no_extrude=1 comment=\n"
+                       "  1 text ; test square\n"
+                       "  2 G92 x=none y=none e=0 f=none e_delta=0 d_delta=0 no_extrude=1 comment=\n"
+                       "layer 1 z=0.29999999999999999 dz=0.29999999999999999 records=6 moves=5\n"
+                       "  0 G1 x=0 y=0 e=0 f=1200 e_delta=0 d_delta=0.089999999999999997 no_extrude=1 comment=\n"
+                       "  1 G1 x=10 y=0 e=1 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=edge\n"
+                       "  2 G1 x=10 y=10 e=2 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"
+                       "  3 G0 x=0 y=10 e=2 f=1200 e_delta=0 d_delta=100 no_extrude=1 comment=\n"
+                       "  4 G1 x=0 y=0 e=3 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"
+                       "  5 text ;comment line\n"
+                       "layer 2 z=0.59999999999999998 dz=0.29999999999999999 records=3 moves=3\n"
+                       "  0 G1 x=0 y=0 e=3 f=1200 e_delta=0 d_delta=0.089999999999999997 no_extrude=1 comment=\n"
+                       "  1 G1 x=10 y=0 e=4 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"
+                       "  2 G1 x=10 y=10 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n",
+                       ""}));
 }
 
 TEST_F(CliCommands, DumpKeepsTextAndCommentsVerbatim) {
   Write("a.gcode", "M117 caf\xc3\xa9  ;  two ; semis \nG1 X1 ; \t\n");
-  const CliResult result = Run({"dump", "a.gcode", "-o", "a.dump"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.out, "");
+  EXPECT_EQ(Run({"dump", "a.gcode", "-o", "a.dump"}), (CliResult{0, "", ""}));
   const std::string dump = Read("a.dump");
   EXPECT_NE(dump.find("  1 text M117 caf\xc3\xa9  ;  two ; semis \n"), std::string::npos) << dump;
   EXPECT_NE(dump.find(" comment= \t\n"), std::string::npos) << dump;
@@ -104,45 +86,26 @@ TEST_F(CliCommands, DumpKeepsTextAndCommentsVerbatim) {
 
 TEST_F(CliCommands, ConvertWritesAsSaveDoes) {
   Write("a.gcode", square_gcode);
-  const CliResult result = Run({"convert", "a.gcode", "-o", "b.gcode"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "");
+  EXPECT_EQ(Run({"convert", "a.gcode", "-o", "b.gcode"}), (CliResult{0, "", ""}));
   EXPECT_EQ(Read("b.gcode"), square_saved);
-
-  const CliResult to_stdout = Run({"convert", "a.gcode", "-o", "-"});
-  EXPECT_EQ(to_stdout.status, 0);
-  EXPECT_EQ(to_stdout.out, square_saved);
+  EXPECT_EQ(Run({"convert", "a.gcode", "-o", "-"}), (CliResult{0, std::string(square_saved), ""}));
 }
 
 TEST_F(CliCommands, ConvertTaggedWritesTheCuraStyleExport) {
   Write("a.gcode", square_gcode);
   const CliResult result = Run({"convert", "a.gcode", "-o", "-", "--tagged"});
   EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(CrLfLines(result.out), (std::vector<std::string>{
-                                       "; test square",
-                                       "G92 E0",
-                                       ";Layer count: 2",
-                                       ";LAYER:0",
-                                       ";TYPE:FILL",
-                                       "G1 X0 Y0 Z0.3 E0 F1200",
-                                       "G1 X10 Y0 E1 F1200 ;edge",
-                                       "G1 X10 Y10 E2 F1200",
-                                       "G0 X0 Y10 E2 F1200",
-                                       "G1 X0 Y0 E3 F1200",
-                                       ";comment line",
-                                       ";LAYER:1",
-                                       ";TYPE:WALL-OUTER",
-                                       "G1 X0 Y0 Z0.6 E3 F1200",
-                                       "G1 X10 Y0 E4 F1200",
-                                       "G1 X10 Y10 E5 F1200",
-                                   }));
+  EXPECT_EQ(CrLfLines(result.out),
+            (std::vector<std::string>{"; test square", "G92 E0", ";Layer count: 2", ";LAYER:0", ";TYPE:FILL",
+                                      "G1 X0 Y0 Z0.3 E0 F1200", "G1 X10 Y0 E1 F1200 ;edge", "G1 X10 Y10 E2 F1200",
+                                      "G0 X0 Y10 E2 F1200", "G1 X0 Y0 E3 F1200", ";comment line", ";LAYER:1",
+                                      ";TYPE:WALL-OUTER", "G1 X0 Y0 Z0.6 E3 F1200", "G1 X10 Y0 E4 F1200",
+                                      "G1 X10 Y10 E5 F1200"}));
 }
 
 TEST_F(CliCommands, AFileThatCannotBeReadExitsWithOne) {
-  const CliResult result = Run({"info", "missing.gcode"});
-  EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.out, "");
-  EXPECT_EQ(result.err, "message: Unable to open missing.gcode Error 2: No such file or directory\n");
+  EXPECT_EQ(Run({"info", "missing.gcode"}),
+            (CliResult{1, "", "message: Unable to open missing.gcode Error 2: No such file or directory\n"}));
 
   Write("bad.gcode", "G1 X1\nG1 Xabc\n");
   const CliResult bad = Run({"dump", "bad.gcode"});
@@ -159,9 +122,8 @@ TEST_F(CliCommands, AFileThatCannotBeWrittenExitsWithOne) {
   EXPECT_TRUE(result.err.starts_with("message: ")) << result.err;
   EXPECT_EQ(result.err.find('\r'), std::string::npos) << "CR LF inside a message becomes a blank";
 
-  const CliResult dump = Run({"dump", "a.gcode", "-o", "no/such/dir/a.dump"});
-  EXPECT_EQ(dump.status, 1);
-  EXPECT_EQ(dump.err, "message: Unable to open no/such/dir/a.dump Error 2: No such file or directory\n");
+  EXPECT_EQ(Run({"dump", "a.gcode", "-o", "no/such/dir/a.dump"}),
+            (CliResult{1, "", "message: Unable to open no/such/dir/a.dump Error 2: No such file or directory\n"}));
 }
 
 TEST_F(CliCommands, PartialDataIsRefusedUnlessAccepted) {
@@ -172,11 +134,7 @@ TEST_F(CliCommands, PartialDataIsRefusedUnlessAccepted) {
       "message: Data count limit has been reached. Only partial data have been collected. Saving the loaded data "
       "again to the original file will result in data loss. Are you sure to continue loading the partial data?\n";
 
-  const CliResult refused = Run({"info", "big.gcode"});
-  EXPECT_EQ(refused.status, 1);
-  EXPECT_EQ(refused.err, question);
-  EXPECT_EQ(refused.out, "");
-
+  EXPECT_EQ(Run({"info", "big.gcode"}), (CliResult{1, "", question}));
   const CliResult accepted = Run({"info", "big.gcode", "--accept-partial"});
   EXPECT_EQ(accepted.status, 0);
   EXPECT_EQ(accepted.err, question);
@@ -186,38 +144,23 @@ TEST_F(CliCommands, PartialDataIsRefusedUnlessAccepted) {
 TEST_F(CliCommands, DecimalCommaReadsCommasAndWritesPeriods) {
   Write("a.gcode", "G1 X1,5 Y2\n");
   EXPECT_EQ(Run({"convert", "a.gcode", "-o", "-"}).status, 1) << "1,5 is not a number with a period";
-  const CliResult result = Run({"convert", "a.gcode", "-o", "-", "--decimal-comma"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.out, "G1 X1.5 Y2\r\n");
+  EXPECT_EQ(Run({"convert", "a.gcode", "-o", "-", "--decimal-comma"}), (CliResult{0, "G1 X1.5 Y2\r\n", ""}));
 }
 
 TEST_F(CliCommands, TranslateRotatesAboutTheOriginThenOffsets) {
   Write("a.gcode", square_gcode);
-  const CliResult result = Run({"translate", "a.gcode", "-o", "b.gcode", "--rotate", "90", "--dx", "5"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "");
+  EXPECT_EQ(Run({"translate", "a.gcode", "-o", "b.gcode", "--rotate", "90", "--dx", "5"}), (CliResult{0, "", ""}));
   // The start line G1 Z0 is a move as well: offset, it is no longer left out.
-  EXPECT_EQ(CrLfLines(Read("b.gcode")), (std::vector<std::string>{
-                                            "G1 X5",
-                                            "; test square",
-                                            "G92 E0",
-                                            "G1 Z0.3 F1200",
-                                            "G1 Y10 E1 ;edge",
-                                            "G1 X-5 E2",
-                                            "G0 Y0",
-                                            "G1 X5 E3",
-                                            ";comment line",
-                                            "G1  Z0.6",
-                                            "G1 Y10 E4",
-                                            "G1 X-5 E5",
-                                        }));
+  EXPECT_EQ(CrLfLines(Read("b.gcode")),
+            (std::vector<std::string>{"G1 X5", "; test square", "G92 E0", "G1 Z0.3 F1200", "G1 Y10 E1 ;edge",
+                                      "G1 X-5 E2", "G0 Y0", "G1 X5 E3", ";comment line", "G1  Z0.6", "G1 Y10 E4",
+                                      "G1 X-5 E5"}));
 }
 
 TEST_F(CliCommands, TranslateByNothingSaysSoAndWritesTheFileUnchanged) {
   Write("a.gcode", square_gcode);
-  const CliResult result = Run({"translate", "a.gcode", "-o", "b.gcode", "--dx", "1e-11"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "message: No translation is needed\n");
+  EXPECT_EQ(Run({"translate", "a.gcode", "-o", "b.gcode", "--dx", "1e-11"}),
+            (CliResult{0, "", "message: No translation is needed\n"}));
   EXPECT_EQ(Read("b.gcode"), square_saved);
 }
 

@@ -51,9 +51,7 @@ TEST_F(CliEditData, FeedrateValuesAreClampedAsTheDialogClampsThem) {
 TEST_F(CliEditData, KindSetsTheKindOfTheMarkedVertices) {
   EXPECT_EQ(SavedAfter("layer 1\nselect 3 4\nkind G1"), SquareWith({{5, "G1 X0"}}));
   EXPECT_EQ(SavedAfter("layer 1\nselect 1\nkind G0"), SquareWith({{3, "G0 X10 E1 ;edge"}}));
-  const CliResult wrong = Edit(square_gcode, "layer 1\nkind G2\n");
-  EXPECT_EQ(wrong.status, 2);
-  EXPECT_EQ(wrong.err, "line 2: 'G2' is not G0 or G1\n");
+  EXPECT_EQ(Edit(square_gcode, "layer 1\nkind G2\n"), (CliResult{2, "", "line 2: 'G2' is not G0 or G1\n"}));
 }
 
 TEST_F(CliEditData, InsertPointSplitsAMoveWhereItIsTold) {
@@ -81,19 +79,15 @@ TEST_F(CliEditData, InsertPointsWantsAMoveAndOneToFivePoints) {
       {"insert-points 1 0", "line 2: the point count must be 1 to 5, not '0'\n"},
       {"insert-point 1 5", "line 2: 'insert-point' takes 3 arguments, not 2\n"},
   };
-  for (const auto& [command, error] : cases) {
-    const CliResult result = Edit(square_gcode, "layer 1\n" + command + "\n");
-    EXPECT_EQ(result.status, 2) << command;
-    EXPECT_EQ(result.err, error) << command;
-  }
+  for (const auto& [command, error] : cases)
+    EXPECT_EQ(Edit(square_gcode, "layer 1\n" + command + "\n"), (CliResult{2, "", error}));
 }
 
 TEST_F(CliEditData, TextReplacesATextRecordVerbatim) {
   EXPECT_EQ(SavedAfter("layer 1\ntext 5 M117 hello  world ; twice"), SquareWith({{7, "M117 hello  world ; twice"}}));
   EXPECT_EQ(SavedAfter("layer 1\ntext 5"), SquareWith({{7, ""}}));
-  const CliResult wrong = Edit(square_gcode, "layer 1\ntext 1 M117\n");
-  EXPECT_EQ(wrong.status, 2);
-  EXPECT_EQ(wrong.err, "line 2: record 1 is not a text record\n");
+  EXPECT_EQ(Edit(square_gcode, "layer 1\ntext 1 M117\n"),
+            (CliResult{2, "", "line 2: record 1 is not a text record\n"}));
 }
 
 TEST_F(CliEditData, DeleteLayersLowersTheLaterLayersAndRederivesTheirFirstMove) {

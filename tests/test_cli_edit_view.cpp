@@ -61,14 +61,11 @@ TEST_F(CliEditView, SelectCommands) {
 }
 
 TEST_F(CliEditView, SelectRefusesRecordsThatAreNotVertexListEntries) {
-  const CliResult text = Edit(square_gcode, "layer 1\nselect 5\nsave out.gcode\n");
-  EXPECT_EQ(text.status, 2);
-  EXPECT_EQ(text.err, "line 2: record 5 is not a G0/G1 record on view\n");
+  EXPECT_EQ(Edit(square_gcode, "layer 1\nselect 5\nsave out.gcode\n"),
+            (CliResult{2, "", "line 2: record 5 is not a G0/G1 record on view\n"}));
   EXPECT_FALSE(Exists("out.gcode"));
-
-  const CliResult off_view = Edit(square_gcode, "layer 1\nrows 2-4\nselect 3 1\n");
-  EXPECT_EQ(off_view.status, 2);
-  EXPECT_EQ(off_view.err, "line 3: record 1 is not a G0/G1 record on view\n");
+  EXPECT_EQ(Edit(square_gcode, "layer 1\nrows 2-4\nselect 3 1\n"),
+            (CliResult{2, "", "line 3: record 1 is not a G0/G1 record on view\n"}));
 }
 
 TEST_F(CliEditView, RectReplacesTheMarkingWithTheVerticesInside) {
@@ -109,9 +106,7 @@ TEST_F(CliEditView, OutputCommandsWriteToStandardOutputInOrder) {
 }
 
 TEST_F(CliEditView, OutputCommandsWriteFiles) {
-  const CliResult result = Edit(square_gcode, "save a.gcode\nexport b.gcode\ndump c.dump\n");
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.out, "");
+  EXPECT_EQ(Edit(square_gcode, "save a.gcode\nexport b.gcode\ndump c.dump\n"), (CliResult{0, "", ""}));
   EXPECT_EQ(Read("a.gcode"), square_saved);
   EXPECT_TRUE(Read("b.gcode").starts_with("; test square\r\nG92 E0\r\n;Layer count: 2\r\n;LAYER:0\r\n;TYPE:FILL\r\n"));
   EXPECT_TRUE(Read("c.dump").starts_with("document layers=3 tagged=0\nlayer 0 "));
@@ -130,9 +125,8 @@ TEST_F(CliEditView, AFailedWriteIsReportedAndTheScriptGoesOn) {
 }
 
 TEST_F(CliEditView, AWrongLineStopsTheScriptWithItsLineNumber) {
-  const CliResult result = Edit(square_gcode, "save a.gcode\r\n# comment\r\n\r\nfrobnicate 1\r\nsave b.gcode\r\n");
-  EXPECT_EQ(result.status, 2);
-  EXPECT_EQ(result.err, "line 4: unknown command 'frobnicate'\n");
+  EXPECT_EQ(Edit(square_gcode, "save a.gcode\r\n# comment\r\n\r\nfrobnicate 1\r\nsave b.gcode\r\n"),
+            (CliResult{2, "", "line 4: unknown command 'frobnicate'\n"}));
   EXPECT_TRUE(Exists("a.gcode"));
   EXPECT_FALSE(Exists("b.gcode"));
 }
@@ -152,11 +146,8 @@ TEST_F(CliEditView, WrongArgumentsAreScriptErrors) {
       {"save a b", "line 1: 'save' takes 1 argument, not 2"},
       {"delete-layers 2-1", "line 1: range '2-1' runs backwards"},
   };
-  for (const auto& [script, error] : cases) {
-    const CliResult result = Edit(square_gcode, script + "\n");
-    EXPECT_EQ(result.status, 2) << script;
-    EXPECT_EQ(result.err, error + "\n") << script;
-  }
+  for (const auto& [script, error] : cases)
+    EXPECT_EQ(Edit(square_gcode, script + "\n"), (CliResult{2, "", error + "\n"})) << script;
 }
 
 TEST_F(CliEditView, AfterDeleteLayersNoLayerIsCurrent) {
@@ -171,20 +162,16 @@ TEST_F(CliEditView, AfterDeleteLayersNoLayerIsCurrent) {
 
 TEST_F(CliEditView, TheScriptMayComeFromStandardInput) {
   Write("in.gcode", square_gcode);
-  const CliResult result = Run({"edit", "in.gcode", "-"}, "layer 1\nselect 4\nkind G0\nsave -\n");
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(CrLfLines(result.out), SquareWith({{6, g0_r4}}));
+  EXPECT_EQ(CrLfLines(Run({"edit", "in.gcode", "-"}, "layer 1\nselect 4\nkind G0\nsave -\n").out),
+            SquareWith({{6, g0_r4}}));
 }
 
 TEST_F(CliEditView, AMissingScriptOrFileExitsWithOne) {
   Write("in.gcode", square_gcode);
-  const CliResult no_script = Run({"edit", "in.gcode", "nope.txt"});
-  EXPECT_EQ(no_script.status, 1);
-  EXPECT_EQ(no_script.err, "korvexed-cli: cannot read the script nope.txt: No such file or directory\n");
-
+  EXPECT_EQ(Run({"edit", "in.gcode", "nope.txt"}),
+            (CliResult{1, "", "korvexed-cli: cannot read the script nope.txt: No such file or directory\n"}));
   Write("script.txt", "save out.gcode\n");
-  const CliResult no_file = Run({"edit", "nope.gcode", "script.txt"});
-  EXPECT_EQ(no_file.status, 1);
+  EXPECT_EQ(Run({"edit", "nope.gcode", "script.txt"}).status, 1);
   EXPECT_FALSE(Exists("out.gcode"));
 }
 

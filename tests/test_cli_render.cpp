@@ -83,14 +83,11 @@ TEST_F(CliRender, WritesToStandardOutput) {
 }
 
 TEST_F(CliRender, RefusesLayersTheFileDoesNotHaveAndReportsFailedWrites) {
-  const CliResult missing_layer = Run({"render", "in.gcode", "-o", "out.png", "--with", "1-3"});
-  EXPECT_EQ(missing_layer.status, 2);
-  EXPECT_EQ(missing_layer.err, "korvexed-cli: layer 3 does not exist (valid: 0 to 2)\n");
+  EXPECT_EQ(Run({"render", "in.gcode", "-o", "out.png", "--with", "1-3"}),
+            (CliResult{2, "", "korvexed-cli: layer 3 does not exist (valid: 0 to 2)\n"}));
   EXPECT_FALSE(Exists("out.png"));
-
-  const CliResult unwritable = Run({"render", "in.gcode", "-o", "no/such/dir/out.png"});
-  EXPECT_EQ(unwritable.status, 1);
-  EXPECT_EQ(unwritable.err, "message: Unable to open no/such/dir/out.png Error 2: No such file or directory\n");
+  EXPECT_EQ(Run({"render", "in.gcode", "-o", "no/such/dir/out.png"}),
+            (CliResult{1, "", "message: Unable to open no/such/dir/out.png Error 2: No such file or directory\n"}));
 }
 
 TEST_F(CliRender, AFailedWriteKeepsTheOldPictureAndLeavesNothingBehind) {
@@ -100,8 +97,7 @@ TEST_F(CliRender, AFailedWriteKeepsTheOldPictureAndLeavesNothingBehind) {
     const korvexed::testing::FileSizeLimit limit(200);
     return Run({"render", "in.gcode", "-o", "out.png"});
   }();
-  EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.err, "message: Error while writing the picture: File too large\n");
+  EXPECT_EQ(result, (CliResult{1, "", "message: Error while writing the picture: File too large\n"}));
   EXPECT_EQ(Read("out.png"), "old picture");
   for (const auto& entry : std::filesystem::directory_iterator(Path("")))
     EXPECT_EQ(entry.path().filename().string().find("korvexed-"), std::string::npos) << entry.path();
