@@ -52,8 +52,8 @@ MsgAnswer FromQtButton(int button) {
   }
 }
 
-// The user picks from a menu or fills a dialog with the normal pointer,
-// even when a busy handler opened it.
+// The user answers a question, picks from a menu or fills a dialog with
+// the normal pointer, even when a busy handler or a long operation opened it.
 class NormalPointer {
  public:
   NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
@@ -91,11 +91,8 @@ QString QtPlatform::status_text(int panel) const {
 
 MsgAnswer QtPlatform::message_box(std::string_view text, MsgIcon icon, MsgButtons buttons) {
   QMessageBox box(ToQtIcon(icon), title_, ToQString(text), ToQtButtons(buttons), &window_);
-  // The question is answered with the ordinary pointer even inside a long operation.
-  QApplication::setOverrideCursor(Qt::ArrowCursor);
-  const int button = box.exec();
-  QApplication::restoreOverrideCursor();
-  return FromQtButton(button);
+  const NormalPointer pointer;
+  return FromQtButton(box.exec());
 }
 
 void QtPlatform::show_status(std::string_view text, int panel) {
@@ -128,10 +125,10 @@ std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode) {
   // Open takes only a file that exists; Save asks before replacing one.
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   if (mode == QFileDialog::AcceptSave) dialog.setDefaultSuffix(QStringLiteral("gcode"));
-  QApplication::setOverrideCursor(Qt::ArrowCursor);
-  const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
-  QApplication::restoreOverrideCursor();
-  if (!chosen) return {};
+  {
+    const NormalPointer pointer;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  }
   const QString path = dialog.selectedFiles().front();
   last_folder_ = QFileInfo(path).absolutePath();
   return QFile::encodeName(path).toStdString();

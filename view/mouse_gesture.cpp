@@ -29,10 +29,6 @@ void show_status(const std::string& text) { ShowStatus(text, 1); }
 
 uint8_t& flag(int32_t r) { return lists.select_flag[static_cast<size_t>(r)]; }
 
-bool any_line_selected() {
-  return std::any_of(lists.select_line.begin(), lists.select_line.end(), [](uint8_t s) { return s != 0; });
-}
-
 void clear_selection() { std::fill(lists.select_flag.begin(), lists.select_flag.end(), 0); }
 
 // The flags changed: the selection list, its status and the picture follow.
@@ -52,7 +48,7 @@ void rubber_band(int32_t x, int32_t y) {
 }
 
 void drag_marked(int32_t x, int32_t y) {
-  if (!any_line_selected()) return;
+  if (CountSelected(lists.select_line) == 0) return;
   const double dx = (x - gesture.press_x) / view.view_scale;
   const double dy = (gesture.press_y - y) / view.view_scale;
   move_marked(dx, dy, 0);
