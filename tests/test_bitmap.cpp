@@ -2,6 +2,7 @@
 // clipping at any distance, the vertex dot.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdint>
 #include <random>
 #include <set>
@@ -82,19 +83,14 @@ TEST(Bitmap, ResizeRefusesNegativeSizesAndKeepsPixelsOnlyAtTheSameSize) {
 }
 
 TEST(Bitmap, LinesIncludeBothEndsWhicheverWayTheyRun) {
-  Bitmap b = Blank(10, 10);
-  EXPECT_TRUE(LineBitmap(b, 2, 3, 7, 3, red));
-  EXPECT_EQ(Coloured(b, red), (Pixels{{2, 3}, {3, 3}, {4, 3}, {5, 3}, {6, 3}, {7, 3}}));
-  b = Blank(10, 10);
-  LineBitmap(b, 4, 8, 4, 1, red);
-  EXPECT_EQ(Coloured(b, red).size(), 8u);
-  b = Blank(10, 10);
-  LineBitmap(b, 5, 5, 5, 5, red);
-  EXPECT_EQ(Coloured(b, red), (Pixels{{5, 5}}));
-  b = Blank(10, 10);
-  LineBitmap(b, 0, 9, 9, 0, red);
-  EXPECT_EQ(Coloured(b, red), ReferenceLine(b, 0, 9, 9, 0));
-  EXPECT_EQ(Coloured(b, red).size(), 10u);
+  // Right, down, a single point, up right: 6, 8, 1 and 10 pixels.
+  for (const auto& [x1, y1, x2, y2, length] :
+       {std::array{2, 3, 7, 3, 6}, {4, 8, 4, 1, 8}, {5, 5, 5, 5, 1}, {0, 9, 9, 0, 10}}) {
+    Bitmap b = Blank(10, 10);
+    EXPECT_TRUE(LineBitmap(b, x1, y1, x2, y2, red));
+    EXPECT_EQ(Coloured(b, red), ReferenceLine(b, x1, y1, x2, y2)) << x1 << "," << y1;
+    EXPECT_EQ(Coloured(b, red).size(), static_cast<size_t>(length)) << x1 << "," << y1;
+  }
 }
 
 TEST(Bitmap, ClippedLinesDrawExactlyTheirPixelsInside) {
