@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "document/korvexed_file.h"
 #include "platform/headless_platform.h"
@@ -23,6 +24,13 @@ class FileTest : public ::testing::Test {
   // The bytes SaveGCode writes for the document.
   std::string saved(uint8_t mode = save_plain);
   std::string last_message() const;
+  // One field of records first to last of a layer, to compare a run of them at once.
+  template <typename T>
+  static std::vector<T> column(T coor_data::*field, int32_t layer, int32_t first, int32_t last) {
+    std::vector<T> values;
+    for (int32_t r = first; r <= last; ++r) values.push_back(doc.coor(layer, r).*field);
+    return values;
+  }
 
   ScopedHeadlessPlatform ui;
 

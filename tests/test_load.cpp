@@ -28,19 +28,11 @@ using Load = FileTest;
 
 TEST_F(Load, EmptyFileGivesTheResetLayer) {
   load_text("");
-  ASSERT_EQ(doc.layer_count, 1);
-  const layer_data& layer = doc.layer(0);
-  EXPECT_EQ(layer.z, 0);
-  EXPECT_EQ(layer.dz, 0);
-  EXPECT_EQ(layer.g_count, 1);
-  EXPECT_EQ(layer.coor_count, 1);
+  EXPECT_EQ(entries(), "L0\nD0> G1 X0 Y0 E0 F0\n");
+  EXPECT_EQ((std::vector<double>{doc.layer(0).z, doc.layer(0).dz, doc.coor(0, 0).d_delta}), (std::vector<double>(3)));
+  EXPECT_EQ(doc.layer(0).coor_count, 1);
   EXPECT_EQ(doc.coor_list_count, 1);
-  const coor_data& c = doc.coor(0, 0);
-  EXPECT_EQ(layer.g[0].kind, line_kind::g1);
-  EXPECT_EQ(c.x, 0);
-  EXPECT_EQ(c.e, 0);
-  EXPECT_EQ(c.d_delta, 0);
-  EXPECT_TRUE(c.no_extrude);
+  EXPECT_TRUE(doc.coor(0, 0).no_extrude);
   EXPECT_TRUE(IsDocumentLoaded());
 }
 
@@ -79,27 +71,14 @@ TEST_F(Load, StartsALayerAtEveryChangeOfZ) {
 
 TEST_F(Load, FillsAbsentMoveFieldsAndKeepsG92AsGiven) {
   load_text("G1 X10 Y5 E2 F1800 ;first\nG1 X12\nG92 E0\nG1 X12 Y9 E0.5\nG1 X15 E0.25\n");
-  const layer_data& layer = doc.layer(0);
-  ASSERT_EQ(layer.g_count, 6);
-  EXPECT_EQ(layer.coor_count, 5);
-  const coor_data& first = doc.coor(0, 1);
-  EXPECT_EQ(doc.comment(first), "first");
-  EXPECT_EQ(first.e_delta, 2);
-  EXPECT_FALSE(first.no_extrude);
-  const coor_data& second = doc.coor(0, 2);
-  EXPECT_EQ(second.y, 5);
-  EXPECT_EQ(second.f, 1800);
-  EXPECT_EQ(second.e_delta, 0);
-  EXPECT_TRUE(second.no_extrude);
-  const coor_data& reset = doc.coor(0, 3);
-  EXPECT_EQ(layer.g[3].kind, line_kind::g92);
-  EXPECT_EQ(reset.x, no_value);
-  EXPECT_EQ(reset.e, 0);
-  EXPECT_EQ(reset.e_delta, 0);
-  EXPECT_EQ(reset.d_delta, 0);
-  EXPECT_TRUE(reset.no_extrude);
-  EXPECT_EQ(doc.coor(0, 4).e_delta, 0.5);  // counted from the G92's E
-  EXPECT_TRUE(doc.coor(0, 5).no_extrude);   // E went back
+  EXPECT_EQ(entries(), "L0\nD0> G1 X0 Y0 E0 F0\nD1> G1 X10 Y5 E2 F1800 ;first\nD2> G1 X12 Y5 E2 F1800\n"
+                       "R3> G92 E0\nD4> G1 X12 Y9 E0.5 F1800\nD5> G1 X15 Y9 E0.25 F1800\n");
+  EXPECT_EQ(doc.layer(0).coor_count, 5);
+  EXPECT_EQ(doc.coor(0, 3).x, no_value);
+  EXPECT_EQ(doc.coor(0, 3).d_delta, 0);
+  // The move after the G92 counts from its E; E going back does not extrude.
+  EXPECT_EQ(column(&coor_data::e_delta, 0, 1, 4), (std::vector<double>{2, 0, 0, 0.5}));
+  EXPECT_EQ(column(&coor_data::no_extrude, 0, 1, 5), (std::vector<bool>{false, true, true, false, true}));
 }
 
 TEST_F(Load, DetectsTagsOnlyBehindTheFirstSemicolonOfTheFirstLayers) {
