@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "document/document.h"
+#include "view/korvexed_graphic.h"
 
 namespace korvexed::testing {
 
@@ -47,6 +48,13 @@ void DialogWatcher::Answer() {
     button->click();
   else
     box->reject();
+}
+
+int CountPixels(Rgb colour) {
+  int count = 0;
+  for (int32_t y = 0; y < drawing.picture.height; ++y)
+    for (int32_t x = 0; x < drawing.picture.width; ++x) count += PixelAt(drawing.picture, x, y) == colour;
+  return count;
 }
 
 void FmMainTest::SetUp() {

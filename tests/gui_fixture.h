@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "app/fm_main.h"
+#include "view/bitmap.h"
 
 // Readable QString values in failure messages.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
@@ -53,6 +54,9 @@ class DialogWatcher {
 
   QTimer timer_;
 };
+
+// How many pixels of the drawing area's picture have this colour.
+int CountPixels(Rgb colour);
 
 class FmMainTest : public ::testing::Test {
  protected:
