@@ -23,16 +23,9 @@ namespace {
 // (30, 25), a travel to (40, -15). Layer 2: extrusion back to the origin.
 // The moves span X -10..40 and Y -15..25.
 const char* const print =
-    "G21\n"
-    "G90\n"
-    "G92 E0\n"
-    "G1 Z0.2 F1800\n"
-    "G0 X-10 Y5\n"
-    "G1 X30 Y5 E2\n"
-    "G1 X30 Y25 E3\n"
-    "G0 X40 Y-15\n"
-    "G1 Z0.4\n"
-    "G1 X0 Y0 E4\n";
+    "G21\nG90\nG92 E0\nG1 Z0.2 F1800\n"
+    "G0 X-10 Y5\nG1 X30 Y5 E2\nG1 X30 Y25 E3\nG0 X40 Y-15\n"
+    "G1 Z0.4\nG1 X0 Y0 E4\n";
 
 constexpr Rgb extrusion = RgbT(128, 128, 255);
 constexpr Rgb travel = RgbT(255, 128, 0);
@@ -46,15 +39,15 @@ class DrawAreaTest : public FmMainTest {
   void SetUp() override {
     FmMainTest::SetUp();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
-    area_ = window_->findChild<QWidget*>(QStringLiteral("picDraw"));
-    ASSERT_NE(area_, nullptr);
+    area_ = Control<QWidget>(QStringLiteral("picDraw"));
   }
 
   void Load() { window_->LoadCommand(Write("print.gcode", print)); }
-
-  static void ShowLayer(int layer) {
-    ShowSingleLayer(layer);
-    RedrawView();
+  // Layer 1 alone, zoomed to fit.
+  void LoadLayerOne() {
+    Load();
+    ShowSingleLayer(1);
+    Item(QStringLiteral("poView_2"))->trigger();
   }
 
   // Sends the wheel turn to the area; true when the area took it, false
@@ -73,11 +66,10 @@ class DrawAreaTest : public FmMainTest {
     return p;
   }
 
-  static int CountPixels(Rgb colour) {
-    int count = 0;
-    for (int32_t y = 0; y < drawing.picture.height; ++y)
-      for (int32_t x = 0; x < drawing.picture.width; ++x) count += PixelAt(drawing.picture, x, y) == colour;
-    return count;
+  // The picture's colour for a position of the area (y downwards).
+  static QColor PictureAt(int x, int y) {
+    const Rgb c = PixelAt(drawing.picture, x, drawing.picture.height - 1 - y);
+    return QColor(c.red, c.green, c.blue);
   }
 
   static Rgb ColourAtWorld(double x, double y) {
@@ -89,30 +81,15 @@ class DrawAreaTest : public FmMainTest {
   QWidget* area_ = nullptr;
 };
 
-TEST_F(DrawAreaTest, StartsWithTheDrawingAsLargeAsTheAreaAndBothSettingsOn) {
-  EXPECT_GT(area_->width(), 400);
-  EXPECT_EQ(drawing.picture.width, area_->width());
-  EXPECT_EQ(drawing.picture.height, area_->height());
-  EXPECT_EQ(view.view_scale, area_->width() / 40.0);
-  EXPECT_TRUE(draw_settings.show_movement);
-  EXPECT_TRUE(draw_settings.show_arrow);
-}
-
 TEST_F(DrawAreaTest, ShowsTheDrawingBitmapTopDown) {
-  Load();
-  ShowLayer(1);
-  Item(QStringLiteral("poView_2"))->trigger();
+  LoadLayerOne();
   ASSERT_EQ(ColourAtWorld(30, 15), extrusion);
 
   const QImage shown = area_->grab().toImage();
-  const int32_t w = drawing.picture.width, h = drawing.picture.height;
-  ASSERT_EQ(shown.size(), QSize(w, h));
+  ASSERT_EQ(shown.size(), QSize(drawing.picture.width, drawing.picture.height));
   int differing = 0;
-  for (int32_t y = 0; y < h; ++y)
-    for (int32_t x = 0; x < w; ++x) {
-      const Rgb expected = PixelAt(drawing.picture, x, h - 1 - y);
-      differing += shown.pixelColor(x, y) != QColor(expected.red, expected.green, expected.blue);
-    }
+  for (int y = 0; y < shown.height(); ++y)
+    for (int x = 0; x < shown.width(); ++x) differing += shown.pixelColor(x, y) != PictureAt(x, y);
   EXPECT_EQ(differing, 0);
 }
 
@@ -121,7 +98,6 @@ TEST_F(DrawAreaTest, AWheelTurnZoomsAboutThePointer) {
   const double scale = view.view_scale;
   const QPoint anchor(200, 151);
   const WorldPoint before = WorldAt(anchor);
-
   // Five notches count as three: 1.6, not 2.0.
   EXPECT_TRUE(Wheel(QPointF(200.4, 150.6), 600));
   EXPECT_EQ(view.wheel_anchor_x, 200);
@@ -187,13 +163,13 @@ TEST_F(DrawAreaTest, GrowingTheAreaShowsMoreWorldAtTheSameScale) {
   EXPECT_DOUBLE_EQ(view.view_ymax, before.view_ymax);
   // The new columns are on screen too.
   const QImage shown = area_->grab().toImage();
-  for (int y = 0; y < height; y += 50) {
-    const Rgb expected = PixelAt(drawing.picture, width + 99, height - 1 - y);
-    EXPECT_EQ(shown.pixelColor(width + 99, y), QColor(expected.red, expected.green, expected.blue)) << y;
-  }
+  for (int y = 0; y < height; y += 50) EXPECT_EQ(shown.pixelColor(width + 99, y), PictureAt(width + 99, y)) << y;
 }
 
-TEST_F(DrawAreaTest, ACollapsedAreaKeepsItsDrawing) {
+TEST_F(DrawAreaTest, TheDrawingIsAsLargeAsTheAreaAndACollapsedAreaKeepsIt) {
+  EXPECT_GT(area_->width(), 400);
+  EXPECT_EQ(drawing.picture.width, area_->width());
+  EXPECT_EQ(drawing.picture.height, area_->height());
   const QSize size = window_->size();
   const int width = area_->width();
   window_->resize(size.width(), 150);
@@ -206,9 +182,7 @@ TEST_F(DrawAreaTest, ACollapsedAreaKeepsItsDrawing) {
 }
 
 TEST_F(DrawAreaTest, ShowMovementTogglesTheTravelMoves) {
-  Load();
-  ShowLayer(1);
-  Item(QStringLiteral("poView_2"))->trigger();
+  LoadLayerOne();
   EXPECT_GT(CountPixels(travel), 100);
 
   Item(QStringLiteral("poSetting_2"))->trigger();
