@@ -67,7 +67,7 @@ class PopupWatcher {
     if (menu.objectName().startsWith("mn") && open_menu_ != &menu) {
       open_menu_ = &menu;
       menus.push_back(menu.objectName());
-      preview_pixels.push_back(YellowPixels());
+      preview_pixels.push_back(CountPixels(RgbT(255, 255, 0)));
       const QCursor* pointer = QApplication::overrideCursor();
       pointers.push_back(pointer ? pointer->shape() : Qt::ArrowCursor);
     }
@@ -84,13 +84,6 @@ class PopupWatcher {
       QTimer::singleShot(0, &menu, [&menu, at] { QTest::mouseClick(&menu, Qt::LeftButton, {}, at); });
       return;
     }
-  }
-
-  static int YellowPixels() {
-    int n = 0;
-    for (int32_t y = 0; y < drawing.picture.height; ++y)
-      for (int32_t x = 0; x < drawing.picture.width; ++x) n += PixelAt(drawing.picture, x, y) == RgbT(255, 255, 0);
-    return n;
   }
 
   QTimer timer_;
@@ -136,7 +129,19 @@ class MouseTest : public FmMainTest {
     ApplySelection(false);
   }
   static int Marked(int32_t r) { return lists.select_flag[static_cast<size_t>(r)]; }
+  // The marks of records 1 to 4, as "0110".
+  static std::string Marks() {
+    std::string marks;
+    for (int32_t r = 1; r <= 4; ++r) marks += Marked(r) ? '1' : '0';
+    return marks;
+  }
   static const coor_data& Record(int32_t r) { return doc.coor(doc.current_layer, r); }
+  // One field of records 1 to 4.
+  static std::vector<double> Field(double coor_data::*field) {
+    std::vector<double> values;
+    for (int32_t r = 1; r <= 4; ++r) values.push_back(Record(r).*field);
+    return values;
+  }
 
   void Drag(Qt::MouseButton button, QPoint from, QPoint to, Qt::KeyboardModifiers keys = {}) {
     QTest::mousePress(area_, button, {}, from);
@@ -187,31 +192,26 @@ TEST_F(MouseTest, APressSixPixelsAwayDrawsABandWithItsSizeAndMarksWhatItHolds) {
   const QImage band = area_->grab().toImage();
   EXPECT_EQ(band.pixelColor(from.x(), to.y() + 5), QColor(255, 255, 0));  // its left edge, over the picture
   QTest::mouseRelease(area_, Qt::LeftButton, {}, to);
-  EXPECT_EQ(Marked(1), 0);
-  EXPECT_EQ(Marked(2), 1);
+  EXPECT_EQ(Marks(), "0100");
   EXPECT_EQ(Record(2).x, 10);  // nothing moved
   EXPECT_FALSE(doc.modified);
   EXPECT_NE(area_->grab().toImage().pixelColor(from.x(), to.y() + 5), QColor(255, 255, 0));
 }
 
 TEST_F(MouseTest, BandsAddWithShiftInvertWithCtrlRemoveWithAltAndCtrlWinsOverAlt) {
-  Mark({1, 2});
-  // Around records 2 and 3.
-  const QPoint from = At(9, 1), to = At(11, 11);
-  Drag(Qt::LeftButton, from, to, Qt::ShiftModifier);
-  EXPECT_EQ(Marked(1) + Marked(2) + Marked(3), 3);
-  Mark({2});
-  Drag(Qt::LeftButton, from, to, Qt::ControlModifier);
-  EXPECT_EQ(Marked(2), 0);
-  EXPECT_EQ(Marked(3), 1);
-  Mark({1, 2, 3});
-  Drag(Qt::LeftButton, from, to, Qt::AltModifier);
-  EXPECT_EQ(Marked(1), 1);
-  EXPECT_EQ(Marked(2) + Marked(3), 0);
-  Mark({2});
-  Drag(Qt::LeftButton, from, to, Qt::ControlModifier | Qt::AltModifier);
-  EXPECT_EQ(Marked(2), 0);
-  EXPECT_EQ(Marked(3), 1);
+  const struct {
+    std::initializer_list<int32_t> before;
+    Qt::KeyboardModifiers keys;
+    const char* after;
+  } cases[] = {{{1, 2}, Qt::ShiftModifier, "1110"},
+               {{2}, Qt::ControlModifier, "0010"},
+               {{1, 2, 3}, Qt::AltModifier, "1000"},
+               {{2}, Qt::ControlModifier | Qt::AltModifier, "0010"}};
+  for (const auto& c : cases) {
+    Mark(c.before);
+    Drag(Qt::LeftButton, At(9, 1), At(11, 11), c.keys);  // around records 2 and 3
+    EXPECT_EQ(Marks(), c.after) << c.keys.toInt();
+  }
   EXPECT_EQ(Status(), "1 vertex selected");
 }
 
@@ -239,9 +239,7 @@ TEST_F(MouseTest, ClicksMarkVerticesAndLineEndsAsTheKeysSay) {
   for (const Case& c : cases) {
     Mark(c.before);
     Click(Qt::LeftButton, c.at, c.keys);
-    std::string marks;
-    for (int32_t r = 1; r <= 4; ++r) marks += Marked(r) ? '1' : '0';
-    EXPECT_EQ(marks, c.after) << c.what;
+    EXPECT_EQ(Marks(), c.after) << c.what;
   }
   EXPECT_FALSE(doc.modified);
 }
@@ -302,9 +300,7 @@ TEST_F(MouseTest, ChangeFeedrateWithZeroChangesAllMarkedAndWithAnOldValueOnlyTho
   popups_.items = {"poSelectEdit_3"};
   popups_.answers = {Type({{"txt_0", "1800"}, {"txt_1", "2400"}})};
   Click(Qt::RightButton, At(10, 10));
-  EXPECT_EQ(Record(1).f, 1200);
-  EXPECT_EQ(Record(3).f, 2400);
-  EXPECT_EQ(Record(4).f, 1800);  // not marked
+  EXPECT_EQ(Field(&coor_data::f), (std::vector<double>{1200, 1200, 2400, 1800}));  // record 4 is not marked
 
   popups_.items = {"poSelectEdit_3"};
   popups_.answers = {[](QDialog& dialog) {
@@ -312,10 +308,7 @@ TEST_F(MouseTest, ChangeFeedrateWithZeroChangesAllMarkedAndWithAnOldValueOnlyTho
     Type({{"txt_0", "0"}, {"txt_1", "600"}})(dialog);
   }};
   Click(Qt::RightButton, At(10, 10));
-  EXPECT_EQ(Record(1).f, 600);
-  EXPECT_EQ(Record(2).f, 600);
-  EXPECT_EQ(Record(3).f, 600);
-  EXPECT_EQ(Record(4).f, 1800);
+  EXPECT_EQ(Field(&coor_data::f), (std::vector<double>{600, 600, 600, 1800}));
   EXPECT_TRUE(doc.modified);
   // Centred over the window.
   const QPoint off = popups_.dialogs.at(0).center() - window_->frameGeometry().center();
@@ -339,10 +332,7 @@ TEST_F(MouseTest, EditingXByTwoWithThreeVerticesMarkedMovesAllThree) {
   popups_.items = {"poSelectEdit_2"};
   popups_.answers = {Type({{"txtX", "12"}})};
   Click(Qt::RightButton, At(10, 2));
-  EXPECT_EQ(Record(2).x, 12);
-  EXPECT_EQ(Record(3).x, 12);
-  EXPECT_EQ(Record(4).x, 4);
-  EXPECT_EQ(Record(1).x, 2);
+  EXPECT_EQ(Field(&coor_data::x), (std::vector<double>{2, 12, 12, 4}));
   EXPECT_EQ(CheckConsistency(), "");
   EXPECT_TRUE(doc.modified);
 }
