@@ -84,14 +84,19 @@ class ListsTest : public FmMainTest {
     });
     QTest::mouseClick(button, Qt::LeftButton);
   }
-  // Right-clicks the line and closes the menu that opens: its name, or
-  // empty when none opened.
-  static QString RightClickMenu(ListBox* list, int line) {
+  // Right-clicks the line and, in the menu that opens, chooses its last
+  // item or just closes it: the menu's name, or empty when none opened.
+  static QString RightClickMenu(ListBox* list, int line, bool choose_last = false) {
     QString opened;
-    QTimer::singleShot(0, [&opened] {
+    QTimer::singleShot(0, [&opened, choose_last] {
       if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
         opened = menu->objectName();
-        menu->close();
+        if (choose_last) {
+          menu->setActiveAction(menu->actions().back());
+          QTest::keyClick(menu, Qt::Key_Return);
+        } else {
+          menu->close();
+        }
       }
     });
     ClickLine(list, line, Qt::NoModifier, Qt::RightButton);
@@ -289,14 +294,7 @@ TEST_F(ListsTest, DeleteSelectedLayersFromTheLayerListsMenu) {
   ListBox* layers = List("lstLayer");
   ClickLine(layers, 2);
   ClickLine(layers, 3, Qt::ControlModifier);
-  QTimer::singleShot(0, [] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->objectName(), QStringLiteral("popLstLayer"));
-    menu->setActiveAction(menu->actions().back());
-    QTest::keyClick(menu, Qt::Key_Return);
-  });
-  ClickLine(layers, 3, Qt::NoModifier, Qt::RightButton);
+  EXPECT_EQ(RightClickMenu(layers, 3, true), QStringLiteral("popLstLayer"));
   EXPECT_EQ(doc.layer_count, 3);
   EXPECT_EQ(layers->line_count(), 3);
   EXPECT_EQ(doc.current_layer, -1);
