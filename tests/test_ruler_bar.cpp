@@ -11,24 +11,11 @@ using namespace korvexed;
 
 namespace {
 
-// The pixels of `image` in the ruler's ink, along one line.
-int InkAlongColumn(const QImage& image, int x, QRgb ink) {
-  int count = 0;
-  for (int y = 0; y < image.height(); ++y) count += image.pixel(x, y) == ink;
-  return count;
-}
-
-int InkAlongRow(const QImage& image, int y, QRgb ink) {
-  int count = 0;
-  for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == ink;
-  return count;
-}
-
-// Pixels of anything but the background in a rectangle: ticks or text.
-int Marked(const QImage& image, const QRect& area, QRgb paper) {
+// The pixels of `colour` in a rectangle of `image`.
+int Count(const QImage& image, const QRect& area, QRgb colour) {
   int count = 0;
   for (int y = area.top(); y <= area.bottom(); ++y)
-    for (int x = area.left(); x <= area.right(); ++x) count += image.pixel(x, y) != paper;
+    for (int x = area.left(); x <= area.right(); ++x) count += image.pixel(x, y) == colour;
   return count;
 }
 
@@ -46,14 +33,14 @@ TEST(RulerBar, HorizontalRulerSpreadsTheViewsLengthOverItsWidth) {
   const QImage image = ruler.grab().toImage();
   const QRgb ink = Ink(ruler);
   // Majors at -1, 0, 1... : 10, 60, 110 px, across the whole ruler.
-  for (int x : {10, 60, 110, 360}) EXPECT_EQ(InkAlongColumn(image, x, ink), image.height()) << x;
+  for (int x : {10, 60, 110, 360}) EXPECT_EQ(Count(image, QRect(x, 0, 1, image.height()), ink), image.height()) << x;
   // A minor tick rises from the bottom to half the height.
-  EXPECT_EQ(InkAlongColumn(image, 95, ink), image.height() / 2 - 1);
+  EXPECT_EQ(Count(image, QRect(95, 0, 1, image.height()), ink), image.height() / 2 - 1);
   // The labels stand at the top right of their major ticks: "-1cm" after
   // 10 px, nothing before it.
   const int line = ruler.text_height();
-  EXPECT_EQ(Marked(image, QRect(0, 0, 10, line), Paper(ruler)), 0);
-  EXPECT_GT(Marked(image, QRect(12, 0, 30, line), Paper(ruler)), 20);
+  EXPECT_EQ(Count(image, QRect(0, 0, 10, line), Paper(ruler)), 10 * line);
+  EXPECT_LT(Count(image, QRect(12, 0, 30, line), Paper(ruler)), 30 * line - 20);
 }
 
 TEST(RulerBar, VerticalRulerCountsDownFromItsTopEdge) {
@@ -64,7 +51,7 @@ TEST(RulerBar, VerticalRulerCountsDownFromItsTopEdge) {
   EXPECT_EQ(ruler.length_per_pixel(), -0.02);
   const QImage image = ruler.grab().toImage();
   // 2 stands 0.5 below the top: 25 px; 1 at 75 px.
-  for (int y : {25, 75, 125}) EXPECT_EQ(InkAlongRow(image, y, Ink(ruler)), image.width()) << y;
+  for (int y : {25, 75, 125}) EXPECT_EQ(Count(image, QRect(0, y, image.width(), 1), Ink(ruler)), image.width()) << y;
 }
 
 TEST(RulerBar, ResizingKeepsTheValuePerPixel) {
