@@ -58,12 +58,6 @@ TEST_F(Lists, ViewCommandsChooseTheRowsOnView) {
   EXPECT_EQ(lists.row_to_g, (std::vector<int32_t>{0, 1, 2, 3}));
   EXPECT_EQ(lists.select_line, (U8{0, 0, 1, 0}));
 
-  DataViewCommand(3);  // extruding moves only
-  EXPECT_EQ(lists.data_selected, (U8{0, 0, 1, 0, 0, 0}));
-
-  DataViewCommand(1);
-  EXPECT_EQ(lists.data_selected, (U8{1, 1, 0, 1, 1, 1}));
-
   DataViewCommand(2);
   EXPECT_EQ(lists.data_selected, (U8{0, 0, 1, 0, 0, 0}));
   mark({});
@@ -94,11 +88,6 @@ TEST_F(Lists, SelectionStatusCountsTheSelectedLines) {
   SelectCommand(2);
   EXPECT_EQ(ui->status[1], "4 vertices selected");
   EXPECT_EQ(ui->status[3], "Multi Data");
-  SelectCommand(1);
-  EXPECT_EQ(lists.select_flag, (U8{0, 0, 0, 0, 0, 0}));
-  lists.select_line[1] = 1;
-  SelectCommand(1);
-  EXPECT_EQ(lists.select_line, (U8{1, 0, 1, 1}));
   SelectCommand(0);
   EXPECT_EQ(lists.select_flag, (U8{0, 0, 0, 0, 0, 0}));
   EXPECT_EQ(debug_messages(), 0);
