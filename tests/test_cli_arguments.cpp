@@ -1,6 +1,8 @@
 // The command line of korvexed-cli as the parser reads it.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "cli/arguments.h"
 
 using korvexed::cli::Arguments;
@@ -31,39 +33,23 @@ TEST(CliArguments, HelpAndVersionWinOverEverythingElse) {
 
 TEST(CliArguments, EachCommandTakesItsFilesInOrder) {
   const Arguments info = Parse({"info", "a.gcode"});
-  EXPECT_EQ(info.command, Command::info);
-  EXPECT_EQ(info.file, "a.gcode");
-  EXPECT_FALSE(info.accept_partial);
-
+  EXPECT_EQ(std::tie(info.command, info.file, info.accept_partial), std::tuple(Command::info, "a.gcode", false));
   const Arguments edit = Parse({"edit", "a.gcode", "-"});
-  EXPECT_EQ(edit.command, Command::edit);
-  EXPECT_EQ(edit.file, "a.gcode");
-  EXPECT_EQ(edit.script, "-");
-
-  const Arguments dump = Parse({"dump", "a.gcode"});
-  EXPECT_EQ(dump.out, "") << "dump without -o writes to standard output";
+  EXPECT_EQ(std::tie(edit.command, edit.file, edit.script), std::tuple(Command::edit, "a.gcode", "-"));
+  EXPECT_EQ(Parse({"dump", "a.gcode"}).out, "") << "dump without -o writes to standard output";
 }
 
 TEST(CliArguments, OptionsMayStandAnywhereAfterTheCommand) {
   const Arguments convert = Parse({"convert", "--tagged", "-o", "-", "a.gcode", "--accept-partial"});
-  EXPECT_EQ(convert.command, Command::convert);
-  EXPECT_EQ(convert.file, "a.gcode");
-  EXPECT_EQ(convert.out, "-");
-  EXPECT_TRUE(convert.tagged);
-  EXPECT_TRUE(convert.accept_partial);
+  EXPECT_EQ(std::tie(convert.command, convert.file, convert.out, convert.tagged, convert.accept_partial),
+            std::tuple(Command::convert, "a.gcode", "-", true, true));
 }
 
 TEST(CliArguments, TranslateValuesAreNumbersWithAPeriodAndDefaultToZero) {
   const Arguments none = Parse({"translate", "a", "-o", "b"});
-  EXPECT_EQ(none.rotate, 0);
-  EXPECT_EQ(none.dx, 0);
-  EXPECT_EQ(none.dy, 0);
-
+  EXPECT_EQ(std::tie(none.rotate, none.dx, none.dy), std::tuple(0, 0, 0));
   const Arguments all = Parse({"translate", "a", "-o", "b", "--rotate", "-90", "--dx=1.5e1", "--dy", "+.25"});
-  EXPECT_EQ(all.rotate, -90);
-  EXPECT_EQ(all.dx, 15);
-  EXPECT_EQ(all.dy, 0.25);
-
+  EXPECT_EQ(std::tie(all.rotate, all.dx, all.dy), std::tuple(-90, 15, 0.25));
   EXPECT_EQ(Error({"translate", "a", "-o", "b", "--dx", "1,5"}), "option '--dx': '1,5' is not a number");
   EXPECT_EQ(Error({"translate", "a", "-o", "b", "--rotate", "nan"}), "option '--rotate': 'nan' is not a number");
   EXPECT_EQ(Error({"translate", "a", "-o", "b", "--dy", "1e999"}), "option '--dy': '1e999' is not a number");
@@ -88,23 +74,13 @@ TEST(CliArguments, WrongCommandLinesAreRefusedWithTheReason) {
 
 TEST(CliArguments, RenderTakesALayerOtherLayersASizeAndSwitches) {
   const Arguments plain = Parse({"render", "a", "-o", "a.png"});
-  EXPECT_EQ(plain.command, Command::render);
-  EXPECT_EQ(plain.layer, 0);
+  EXPECT_EQ(std::tie(plain.command, plain.layer, plain.width, plain.height, plain.travel, plain.arrows),
+            std::tuple(Command::render, 0, 800, 800, true, true));
   EXPECT_TRUE(plain.with.empty());
-  EXPECT_EQ(plain.width, 800);
-  EXPECT_EQ(plain.height, 800);
-  EXPECT_TRUE(plain.travel);
-  EXPECT_TRUE(plain.arrows);
-
   const Arguments all = Parse({"render", "a", "-o", "a.png", "--layer", "3", "--with=0,3-5,7", "--size", "640x480",
                                "--no-travel", "--no-arrows"});
-  EXPECT_EQ(all.layer, 3);
+  EXPECT_EQ(std::tie(all.layer, all.width, all.height, all.travel, all.arrows), std::tuple(3, 640, 480, false, false));
   EXPECT_EQ(all.with, (std::vector<std::pair<int32_t, int32_t>>{{0, 0}, {3, 5}, {7, 7}}));
-  EXPECT_EQ(all.width, 640);
-  EXPECT_EQ(all.height, 480);
-  EXPECT_FALSE(all.travel);
-  EXPECT_FALSE(all.arrows);
-
   EXPECT_EQ(Error({"render", "a", "-o", "b", "--layer", "-1"}), "option '--layer': '-1' is not a layer index");
   EXPECT_EQ(Error({"render", "a", "-o", "b", "--with", "1,,2"}), "option '--with': '' is not a layer index");
   EXPECT_EQ(Error({"render", "a", "-o", "b", "--with", "5-3"}), "option '--with': the range '5-3' runs backwards");
