@@ -27,12 +27,6 @@ class WorldViewTest : public EditingTest {
   }
   ~WorldViewTest() override { SetRulers(nullptr, nullptr); }
 
-  static void Pixel(double x, double y, int32_t& px, int32_t& py) { WorldToPixel(x, y, px, py); }
-  // The world point under a pixel given as the mouse gives it (y down).
-  static void UnderMouse(int32_t mx, int32_t my, double& x, double& y) {
-    PixelToWorld(mx, drawing.picture.height - my, x, y);
-  }
-
   RecordingRuler horizontal, vertical;
 };
 
@@ -53,12 +47,12 @@ TEST_F(WorldViewTest, StartsWithFortyMillimetresAcrossAboutTheOrigin) {
 
 TEST_F(WorldViewTest, PixelsRoundHalvesToEvenAndSaturateFarOff) {
   int32_t px, py;
-  Pixel(0.025, -0.025, px, py);  // 400.5 and 299.5
+  WorldToPixel(0.025, -0.025, px, py);  // 400.5 and 299.5
   EXPECT_EQ(px, 400);
   EXPECT_EQ(py, 300);
-  Pixel(0.075, 0, px, py);  // 401.5
+  WorldToPixel(0.075, 0, px, py);  // 401.5
   EXPECT_EQ(px, 402);
-  Pixel(1e300, -1e300, px, py);
+  WorldToPixel(1e300, -1e300, px, py);
   EXPECT_EQ(px, INT32_MAX);
   EXPECT_EQ(py, INT32_MIN);
   double x, y;
@@ -75,9 +69,9 @@ TEST_F(WorldViewTest, ZoomStopsAtItsBoundsAndPansByWholePixels) {
 
   ZoomView(20 / min_view_scale, 0, 0, false);
   int32_t x0, y0, x1, y1;
-  Pixel(3, 4, x0, y0);
+  WorldToPixel(3, 4, x0, y0);
   ZoomView(1, 10, -5, false);
-  Pixel(3, 4, x1, y1);
+  WorldToPixel(3, 4, x1, y1);
   EXPECT_EQ(x1 - x0, 10);
   EXPECT_EQ(y1 - y0, -5);
   EXPECT_DOUBLE_EQ(view.view_offset_x, -view.view_xmin);
