@@ -42,7 +42,6 @@ TEST_F(Dialogs, ValueInputShowsGivenRowsAndClampsWhatIsTyped) {
   type_values({"500000", "-500000", "7"});
   EXPECT_TRUE(ValueInput("Title", rows));
   const ValueForm& shown = ui->value_forms.at(0);
-  EXPECT_EQ(shown.title, "Title");
   EXPECT_EQ(shown.texts[0], "1.5");
   EXPECT_EQ(shown.prompts[1], "B:");
   EXPECT_FALSE(shown.shown[2]);
