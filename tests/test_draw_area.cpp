@@ -66,6 +66,13 @@ class DrawAreaTest : public FmMainTest {
     return p;
   }
 
+  // The position still shows the world point, to within a pixel.
+  static void ExpectShows(QPoint at, WorldPoint world) {
+    const WorldPoint now = WorldAt(at);
+    EXPECT_NEAR(now.x, world.x, 1 / view.view_scale);
+    EXPECT_NEAR(now.y, world.y, 1 / view.view_scale);
+  }
+
   // The picture's colour for a position of the area (y downwards).
   static QColor PictureAt(int x, int y) {
     const Rgb c = PixelAt(drawing.picture, x, drawing.picture.height - 1 - y);
@@ -103,9 +110,7 @@ TEST_F(DrawAreaTest, AWheelTurnZoomsAboutThePointer) {
   EXPECT_EQ(view.wheel_anchor_x, 200);
   EXPECT_EQ(view.wheel_anchor_y, 151);
   EXPECT_EQ(view.view_scale, scale * 1.6);
-  const WorldPoint after = WorldAt(anchor);
-  EXPECT_NEAR(after.x, before.x, 1 / view.view_scale);
-  EXPECT_NEAR(after.y, before.y, 1 / view.view_scale);
+  ExpectShows(anchor, before);
 
   // Seven notches back count as three; half a notch counts as half.
   EXPECT_TRUE(Wheel(QPointF(200, 151), -840));
@@ -135,9 +140,7 @@ TEST_F(DrawAreaTest, ZoomFromTheMenuKeepsTheCentreAndClearsTheBusyPointer) {
 
   Item(QStringLiteral("poView_0"))->trigger();
   EXPECT_EQ(view.view_scale, scale * 1.2);
-  const WorldPoint after = WorldAt(centre);
-  EXPECT_NEAR(after.x, before.x, 1 / view.view_scale);
-  EXPECT_NEAR(after.y, before.y, 1 / view.view_scale);
+  ExpectShows(centre, before);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 
   Item(QStringLiteral("poView_1"))->trigger();
