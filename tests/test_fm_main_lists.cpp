@@ -60,9 +60,8 @@ class ListsTest : public FmMainTest {
     const QRect thumb = style->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, slider);
     const QRect groove = style->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarGroove, slider);
     auto at = [&](int v) {
-      const int x = groove.left() + thumb.width() / 2 +
-                    (groove.width() - thumb.width()) * (v - option.minimum) / std::max(1, option.maximum - option.minimum);
-      return QPoint(x, thumb.center().y());
+      const int along = QStyle::sliderPositionFromValue(option.minimum, option.maximum, v, groove.width() - thumb.width());
+      return QPoint(groove.left() + thumb.width() / 2 + along, thumb.center().y());
     };
     QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, at(option.sliderValue));
     const int step = value > option.sliderValue ? 1 : -1;
@@ -119,9 +118,8 @@ class ListsTest : public FmMainTest {
 }  // namespace
 
 TEST_F(ListsTest, ALayerClickFillsTheDataListAndTheStatus) {
-  ListBox* layers = List("lstLayer");
-  ASSERT_EQ(layers->line_count(), 5);
-  ClickLine(layers, 2);
+  ASSERT_EQ(List("lstLayer")->line_count(), 5);
+  ClickLine(List("lstLayer"), 2);
   EXPECT_EQ(doc.current_layer, 2);
   EXPECT_EQ(List("lstData")->line_count(), 3);
   EXPECT_EQ(List("lstSelect")->line_count(), 3);
