@@ -8,7 +8,6 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <cmath>
-#include <string>
 
 #include "document/document.h"
 #include "editing/list_state.h"

@@ -10,7 +10,6 @@
 #include <QMouseEvent>
 #include <QTest>
 #include <QTimer>
-#include <cmath>
 #include <deque>
 #include <fstream>
 #include <functional>
