@@ -62,18 +62,15 @@ TEST_F(State, NextMoveAppliesTheResetsOnTheWay) {
   load(state_doc);
   coor_data s;
   s.e = 42;
-  int32_t layer = 0;
-  EXPECT_EQ(find_next_move(layer, 2, s), 4);
-  EXPECT_EQ(layer, 0);
+  // The move found and the layer it is in.
+  const auto next = [&s](int32_t layer, int32_t r) {
+    const int32_t move = find_next_move(layer, r, s);
+    return std::pair(move, layer);
+  };
+  EXPECT_EQ(next(0, 2), std::pair(4, 0));
   EXPECT_EQ(s.e, 0);
-
-  layer = 0;
-  EXPECT_EQ(find_next_move(layer, 5, s), 0);
-  EXPECT_EQ(layer, 1);
-
-  layer = 1;
-  EXPECT_EQ(find_next_move(layer, 3, s), -1);
-  EXPECT_EQ(layer, 2);
+  EXPECT_EQ(next(0, 5), std::pair(0, 1));
+  EXPECT_EQ(next(1, 3), std::pair(-1, 2));
 }
 
 using ShiftE = EditingTest;
@@ -86,15 +83,10 @@ TEST_F(ShiftE, CarriesAcrossLayersUpToTheFirstResetOfE) {
   EXPECT_EQ(at(0, 2).e, 2);
 
   shift_e_after(0, 2, 0.5);
-  EXPECT_EQ(at(0, 1).e, 1);
-  EXPECT_EQ(at(0, 2).e, 2.5);
-  EXPECT_EQ(at(1, 0).e, 3.5);
-  EXPECT_EQ(at(1, 1).x, 0);  // a reset of X only does not stop the walk
-  EXPECT_EQ(at(1, 1).e, no_value);
-  EXPECT_EQ(at(1, 2).e, 4.5);
-  EXPECT_EQ(at(2, 0).e, 5.5);
-  EXPECT_EQ(at(2, 1).e, 0);
-  EXPECT_EQ(at(2, 2).e, 1);
+  EXPECT_EQ(column(&coor_data::e, 0, 1, 2), (std::vector<double>{1, 2.5}));
+  // A reset of X only does not stop the walk.
+  EXPECT_EQ(column(&coor_data::e, 1, 0, 2), (std::vector<double>{3.5, no_value, 4.5}));
+  EXPECT_EQ(column(&coor_data::e, 2, 0, 2), (std::vector<double>{5.5, 0, 1}));
   EXPECT_EQ(at(0, 2).e_delta, 1);  // only e moves
 }
 
@@ -117,20 +109,17 @@ TEST_F(Slots, InsertingIntoAFullLayerGrowsItAndSplitsTheSelection) {
   insert_record_before(0, 5);
 
   const layer_data& layer = doc.layer(0);
-  EXPECT_EQ(layer.g_capacity(), capacity + 1000);
-  EXPECT_EQ(layer.g_count, capacity + 1);
-  EXPECT_EQ(layer.coor_count, capacity + 1);
-  EXPECT_EQ(layer.g[5].index, new_index);
-  EXPECT_EQ(layer.g[5].kind, line_kind::g1);
-  EXPECT_EQ(layer.g[6].index, displaced);
-  EXPECT_EQ(doc.coor_list_count, new_index + 1);
+  EXPECT_EQ(std::tuple(layer.g_capacity(), layer.g_count, layer.coor_count),
+            std::tuple(capacity + 1000, capacity + 1, capacity + 1));
+  EXPECT_EQ(std::tuple(layer.g[5].index, layer.g[5].kind, layer.g[6].index, doc.coor_list_count),
+            std::tuple(new_index, line_kind::g1, displaced, new_index + 1));
   ASSERT_EQ(lists.data_selected.size(), static_cast<size_t>(capacity + 1));
+  const auto from_5 = [](const std::vector<uint8_t>& v, int n) {
+    return std::vector<uint8_t>(v.begin() + 5, v.begin() + 5 + n);
+  };
   EXPECT_EQ(lists.data_selected[5], 1);
-  EXPECT_EQ(lists.select_flag[5], 1);
-  EXPECT_EQ(lists.select_flag[6], 1);
-  EXPECT_EQ(lists.select_line[5], 1);
-  EXPECT_EQ(lists.select_line[6], 1);
-  EXPECT_EQ(lists.select_line[7], 0);
+  EXPECT_EQ(from_5(lists.select_flag, 2), (std::vector<uint8_t>{1, 1}));
+  EXPECT_EQ(from_5(lists.select_line, 3), (std::vector<uint8_t>{1, 1, 0}));
 }
 
 TEST_F(Slots, TheNewRecordTakesTheKindItDisplaces) {
@@ -173,12 +162,12 @@ TEST(Geometry, SegmentDistanceClampsToTheEnds) {
 }
 
 TEST(Geometry, RectanglesIncludeTheirEdges) {
-  double x1 = 5, y1 = 6, x2 = 1, y2 = 2;
-  normalize_rect(x1, y1, x2, y2);
-  EXPECT_EQ((std::vector<double>{x1, y1, x2, y2}), (std::vector<double>{1, 2, 5, 6}));
-  x1 = 1, y1 = 6, x2 = 5, y2 = 2;
-  normalize_rect(x1, y1, x2, y2);
-  EXPECT_EQ((std::vector<double>{x1, y1, x2, y2}), (std::vector<double>{1, 2, 5, 6}));
+  const auto normalized = [](double x1, double y1, double x2, double y2) {
+    normalize_rect(x1, y1, x2, y2);
+    return std::vector<double>{x1, y1, x2, y2};
+  };
+  EXPECT_EQ(normalized(5, 6, 1, 2), (std::vector<double>{1, 2, 5, 6}));
+  EXPECT_EQ(normalized(1, 6, 5, 2), (std::vector<double>{1, 2, 5, 6}));
   EXPECT_TRUE(point_in_rect(1, 2, 1, 2, 5, 6));
   EXPECT_TRUE(point_in_rect(5, 6, 1, 2, 5, 6));
   EXPECT_FALSE(point_in_rect(5.0000001, 3, 1, 2, 5, 6));
@@ -199,15 +188,4 @@ TEST_F(SelfCheck, AWrongLengthIsReportedAndTheEditGoesOn) {
             "for debug purpose: d_delta is not tally at layer_list(0).g(2) please report to the developer");
   EXPECT_EQ(ui->messages[0].icon, MsgIcon::critical);
   EXPECT_EQ(at(0, 2).x, 5);
-}
-
-using TextRecord = EditingTest;
-
-TEST_F(TextRecord, ReplacedOnlyWhenTheTextDiffers) {
-  load("M104 S200 ;heat\nG1 X1 E1\n");
-  EXPECT_FALSE(ReplaceTextCommand(1, "M104 S200 ;heat"));
-  EXPECT_FALSE(doc.modified);
-  EXPECT_TRUE(ReplaceTextCommand(1, "M104 S210"));
-  EXPECT_TRUE(doc.modified);
-  EXPECT_EQ(saved(), "M104 S210\r\nG1 X1 E1\r\n");
 }
