@@ -64,8 +64,7 @@ TEST_F(Move, ADegenerateSegmentKeepsItsExtrusionUnscaledForGood) {
 
   EXPECT_TRUE(move_marked(3, 0, 0));
   EXPECT_TRUE(at(0, 3).no_extrude);
-  EXPECT_EQ(at(0, 3).e_delta, kept);
-  EXPECT_EQ(at(0, 3).d_delta, 9);
+  EXPECT_EQ(std::pair(at(0, 3).e_delta, at(0, 3).d_delta), std::pair(kept, 9.0));
   EXPECT_DOUBLE_EQ(at(0, 4).e_delta, 3);
   EXPECT_CONSISTENT();
 }
@@ -75,8 +74,7 @@ TEST_F(Move, ALoadedZeroLengthMoveKeepsItsExtrusion) {
   ASSERT_TRUE(at(0, 2).no_extrude);
   mark({1});
   EXPECT_TRUE(move_marked(0, 1, 0));
-  EXPECT_EQ(at(0, 2).e_delta, 1);
-  EXPECT_EQ(at(0, 2).d_delta, 1);
+  EXPECT_EQ(std::pair(at(0, 2).e_delta, at(0, 2).d_delta), std::pair(1.0, 1.0));
   EXPECT_DOUBLE_EQ(at(0, 2).e, at(0, 1).e + 1);
   EXPECT_CONSISTENT();
 
@@ -173,8 +171,7 @@ TEST_F(PickTest, SegmentsOnViewOnly) {
   load(straight_doc);
   double sx = -1, sy = -1;
   EXPECT_EQ(pick_segment_world(4.5, 1, sx, sy), 3);
-  EXPECT_EQ(sx, 3);
-  EXPECT_EQ(sy, 0);
+  EXPECT_EQ(std::pair(sx, sy), std::pair(3.0, 0.0));
   on_view({0, 1, 2, 4});
   EXPECT_EQ(pick_segment_world(4.5, 1, sx, sy), 2);
   EXPECT_EQ(sx, 0);
