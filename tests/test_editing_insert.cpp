@@ -13,17 +13,15 @@ TEST_F(InsertPoints, TwoPointsCutASegmentInThirds) {
   load("G1 X0 Y0 F1200\nG1 X9 Y0 E9\nG1 X12 Y0 E12\n");
   insert_points_evenly(2, 2);
   ASSERT_EQ(doc.layer(0).g_count, 6);
-  EXPECT_EQ(at(0, 2).x, 3);
-  EXPECT_EQ(at(0, 3).x, 6);
-  EXPECT_EQ(at(0, 4).x, 9);
+  EXPECT_EQ(doc.layer(0).coor_count, 6);
+  EXPECT_EQ(column(&coor_data::x, 0, 2, 4), (std::vector<double>{3, 6, 9}));
+  EXPECT_EQ(column(&coor_data::f, 0, 2, 4), (std::vector<double>{1200, 1200, 1200}));
   for (const int32_t r : {2, 3, 4}) {
     EXPECT_DOUBLE_EQ(at(0, r).e_delta, 3) << r;
     EXPECT_DOUBLE_EQ(at(0, r).d_delta, 9) << r;
-    EXPECT_EQ(at(0, r).f, 1200) << r;
   }
   EXPECT_DOUBLE_EQ(at(0, 4).e, 9);
   EXPECT_DOUBLE_EQ(at(0, 5).e, 12);
-  EXPECT_EQ(doc.layer(0).coor_count, 6);
   EXPECT_CONSISTENT();
 }
 
@@ -31,8 +29,7 @@ TEST_F(InsertPoints, TheCommandPutsOnePointWhereTheUserClickedAndSpreadsSeveral)
   load("G1 X0 Y0 F1200\nG1 X9 Y0 E9\nG1 X12 Y0 E12\n");
   InsertPointsCommand(2, 1, 4.5, 6);
   EXPECT_TRUE(doc.modified);
-  EXPECT_EQ(at(0, 2).x, 4.5);
-  EXPECT_EQ(at(0, 2).y, 6);
+  EXPECT_EQ(std::pair(at(0, 2).x, at(0, 2).y), std::pair(4.5, 6.0));
   // Off the segment both pieces are longer, and so is their extrusion.
   EXPECT_DOUBLE_EQ(at(0, 2).e_delta, 7.5);
   EXPECT_DOUBLE_EQ(at(0, 3).e_delta, 7.5);
@@ -46,10 +43,8 @@ TEST_F(InsertPoints, TheCommandPutsOnePointWhereTheUserClickedAndSpreadsSeveral)
 TEST_F(InsertPoints, AZeroLengthMoveHalvesItsExtrusion) {
   load("G1 X3 Y0 E3\nG1 X3 Y0 E5\nG1 X6 Y0 E8\n");
   insert_point(2, 3, 0);
-  EXPECT_EQ(at(0, 2).e_delta, 1);
-  EXPECT_EQ(at(0, 3).e_delta, 1);
-  EXPECT_TRUE(at(0, 2).no_extrude);
-  EXPECT_TRUE(at(0, 3).no_extrude);
+  EXPECT_EQ(column(&coor_data::e_delta, 0, 2, 3), (std::vector<double>{1, 1}));
+  EXPECT_EQ(column(&coor_data::no_extrude, 0, 2, 3), (std::vector<bool>{true, true}));
   EXPECT_EQ(at(0, 3).e, 5);
   EXPECT_CONSISTENT();
 }
@@ -84,8 +79,8 @@ TEST_F(InsertPoints, ALayerTakesOneHundredThousandRecordsAtMost) {
   ASSERT_EQ(doc.layer(0).g_count, max_data_count - 1);
   insert_points_evenly(5, 2);
   EXPECT_EQ(doc.layer(0).g_count, max_data_count);
+  ASSERT_EQ(ui->messages.size(), 1u);
   EXPECT_EQ(last_message(), "Data count limit has been reached, cannot insert further data.");
   EXPECT_EQ(ui->messages.back().icon, MsgIcon::exclamation);
-  EXPECT_EQ(ui->messages.size(), 1u);
   EXPECT_CONSISTENT();
 }
