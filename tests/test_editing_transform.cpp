@@ -37,28 +37,22 @@ TEST_F(Translate, NinetyDegreesUseTheProgramsOwnPi) {
   EXPECT_NEAR(m.x, 1.6e-14, 0.1e-14);
   EXPECT_NE(m.x, 10 * std::cos(std::numbers::pi / 2));
   EXPECT_EQ(m.y, 10);
-  EXPECT_EQ(m.e, before.e);
-  EXPECT_EQ(m.f, before.f);
-  EXPECT_EQ(m.e_delta, before.e_delta);
-  EXPECT_EQ(m.d_delta, before.d_delta);
+  EXPECT_EQ(std::tie(m.e, m.f, m.e_delta, m.d_delta), std::tie(before.e, before.f, before.e_delta, before.d_delta));
   EXPECT_NEAR(at(1, 0).x, -10, 1e-12);
   EXPECT_NEAR(at(1, 0).y, 0, 1e-12);
   EXPECT_EQ(doc.layer(1).z, 0.3);
-  EXPECT_EQ(at(0, 2).x, 10);  // G92 positions stay as they are
-  EXPECT_EQ(at(0, 2).y, 10);
+  EXPECT_EQ(std::pair(at(0, 2).x, at(0, 2).y), std::pair(10.0, 10.0));  // G92 positions stay as they are
 }
 
 TEST_F(Translate, TheOffsetFollowsTheRotation) {
   load(square_doc);
   translate_all(0, 5, 0);
-  EXPECT_EQ(at(0, 1).x, 15);
-  EXPECT_EQ(at(0, 1).y, 0);
+  EXPECT_EQ(std::pair(at(0, 1).x, at(0, 1).y), std::pair(15.0, 0.0));
   EXPECT_EQ(at(0, 3).x, 15);
   EXPECT_EQ(at(0, 2).x, 10);
 
   translate_all(0, 1e-11, 2);  // a negligible X offset still goes with Y
-  EXPECT_EQ(at(0, 1).x, 15 + 1e-11);
-  EXPECT_EQ(at(0, 1).y, 2);
+  EXPECT_EQ(std::pair(at(0, 1).x, at(0, 1).y), std::pair(15 + 1e-11, 2.0));
 
   translate_all(180, -15, -2);
   EXPECT_NEAR(at(0, 1).x, -30, 1e-10);
