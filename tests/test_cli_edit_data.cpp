@@ -97,11 +97,6 @@ TEST_F(CliEditData, DeleteLayersLowersTheLaterLayersAndRederivesTheirFirstMove) 
             (Lines{"; test square", "G92 E0", "G0 Z0.3 F1200", "G0 X10 E1", "G0 Y10 E2"}));
 }
 
-TEST_F(CliEditData, TranslateByNothingSaysSo) {
-  EXPECT_EQ(SavedAfter("translate 1e-11 0 -1e-11"), SquareWith({}));
-  EXPECT_EQ(last.err, "message: No translation is needed\n");
-}
-
 TEST_F(CliEditData, TranslateNeedsNoCurrentLayer) {
   EXPECT_EQ(SavedAfter("delete-layers 2\ntranslate 0 0 -2"),
             (Lines{"G1 Y-2", "; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 E1 ;edge", "G1 Y8 E2", "G0 X0",
