@@ -76,8 +76,6 @@ struct Document {
   bool data_limit_hit = false;
 
   int32_t layer_capacity() const { return static_cast<int32_t>(layer_list.size()); }
-  int32_t coor_list_capacity() const { return coor_list.capacity(); }
-  int32_t text_list_capacity() const { return text_list.capacity(); }
 
   layer_data& layer(int32_t i) { return layer_list[static_cast<size_t>(i)]; }
   coor_data& coor(const g_entry& e) { return coor_list[e.index]; }

@@ -31,12 +31,11 @@ class EditingTest : public FileTest {
   }
   // Puts exactly these rows of the current layer on view.
   static void on_view(std::initializer_list<int32_t> rows) { SetDataRowsOnView(rows); }
-  int messages_starting(const std::string& prefix) const {
+  int debug_messages() const {
     int n = 0;
-    for (const auto& m : ui.get().messages) n += m.text.starts_with(prefix);
+    for (const auto& m : ui.get().messages) n += m.text.starts_with("for debug purpose");
     return n;
   }
-  int debug_messages() const { return messages_starting("for debug purpose"); }
 };
 
 #define EXPECT_CONSISTENT() EXPECT_EQ(::korvexed::CheckConsistency(), "")

@@ -100,13 +100,6 @@ class RandomEdits : public EditingTest {
     return moves[static_cast<size_t>(any(static_cast<int32_t>(moves.size())))];
   }
 
-  void random_rows_on_view(int percent) {
-    std::vector<int32_t> rows;
-    for (int32_t i = 0; i < layer().g_count; ++i)
-      if (chance(percent)) rows.push_back(i);
-    SetDataRowsOnView(rows);
-  }
-
   void edit(bool translate) {
     switch (any(11)) {
       case 0: ShowSingleLayer(any(doc.layer_count)); break;
@@ -133,10 +126,14 @@ class RandomEdits : public EditingTest {
         mark_some(25, true);
         delete_marked_vertices();
         break;
-      case 7:
-        random_rows_on_view(30);
+      case 7: {
+        std::vector<int32_t> rows;
+        for (int32_t i = 0; i < layer().g_count; ++i)
+          if (chance(30)) rows.push_back(i);
+        SetDataRowsOnView(rows);
         delete_selected_rows();
         break;
+      }
       case 8:
         if (doc.layer_count < 3) break;
         lists.layer_selected.assign(static_cast<size_t>(doc.layer_count), 0);

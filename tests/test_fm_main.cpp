@@ -276,7 +276,7 @@ TEST_F(WindowTest, PlusAndMinusStepTheLayerSliderAndBeepAtTheEnds) {
 
   LoadExample();
   ASSERT_EQ(slider->maximum(), 2);
-  for (const auto [key, value] : {std::pair{Qt::Key_Minus, 0}, {Qt::Key_Plus, 1}, {Qt::Key_Plus, 2},
+  for (const auto& [key, value] : {std::pair{Qt::Key_Minus, 0}, {Qt::Key_Plus, 1}, {Qt::Key_Plus, 2},
                                   {Qt::Key_Plus, 2}, {Qt::Key_Minus, 1}}) {
     QTest::keyClick(window_.get(), key);
     EXPECT_EQ(slider->value(), value);

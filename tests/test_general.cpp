@@ -53,12 +53,8 @@ TEST(SplitComment, KeepsBlanksBeforeTheFirstSemicolon) {
 
 TEST(ClassifyLine, RecognisesOnlyExactCommandWords) {
   double z = 0;
-  EXPECT_EQ(ClassifyLine("G1", z), line_kind::text);
-  EXPECT_EQ(ClassifyLine("G1\tX5", z), line_kind::text);
-  EXPECT_EQ(ClassifyLine("g1 X5", z), line_kind::text);
-  EXPECT_EQ(ClassifyLine(" G1 X5", z), line_kind::text);
-  EXPECT_EQ(ClassifyLine("G10 X5", z), line_kind::text);
-  EXPECT_EQ(ClassifyLine("M104 S200", z), line_kind::text);
+  for (const char* text : {"G1", "G1\tX5", "g1 X5", " G1 X5", "G10 X5", "M104 S200"})
+    EXPECT_EQ(ClassifyLine(text, z), line_kind::text) << text;
   EXPECT_EQ(ClassifyLine("G92 E0", z), line_kind::g92);
   EXPECT_EQ(ClassifyLine("G920", z), line_kind::g92);
   EXPECT_EQ(ClassifyLine("G1 X5", z), line_kind::g1);
@@ -97,20 +93,13 @@ TEST(ParseField, ReadsTheFirstOccurrenceFromTheFourthCharacter) {
 }
 
 TEST(ParseField, RejectsWhatIsNotANumber) {
-  EXPECT_EQ(parse_error("G1 X", 'X'), " is not a number.");
-  EXPECT_EQ(parse_error("G1 Xabc", 'X'), "a is not a number.");
-  EXPECT_EQ(parse_error("G1 X-", 'X'), "- is not a number.");
-  EXPECT_EQ(parse_error("G1 X.", 'X'), ". is not a number.");
-  EXPECT_EQ(parse_error("G1 X--1", 'X'), "--1 is not a number.");
-  EXPECT_EQ(parse_error("G1 X1,5", 'X'), "1,5 is not a number.");
-  EXPECT_EQ(parse_error("G1 X1.2.3", 'X'), "1.2.3 is not a number.");
-  EXPECT_EQ(parse_error("G1 X1-2", 'X'), "1-2 is not a number.");
-  EXPECT_EQ(parse_error("G1 X  5", 'X'), " is not a number.");
-  EXPECT_EQ(parse_error("G1 X\t", 'X'), "\t is not a number.");
-  EXPECT_EQ(parse_error("G1 X\t\t5", 'X'), "\t is not a number.");
-  EXPECT_EQ(parse_error("G1 X \t5", 'X'), " is not a number.");
-  // A key letter inside another word behind the command word counts.
-  EXPECT_EQ(parse_error("M117 EXIT", 'X'), "I is not a number.");
+  // The line, and the text the error names. A key letter inside another
+  // word behind the command word counts.
+  const std::pair<const char*, const char*> cases[] = {
+      {"G1 X", ""},       {"G1 Xabc", "a"},     {"G1 X-", "-"},     {"G1 X.", "."},   {"G1 X--1", "--1"},
+      {"G1 X1,5", "1,5"}, {"G1 X1.2.3", "1.2.3"}, {"G1 X1-2", "1-2"}, {"G1 X  5", ""},  {"G1 X\t", "\t"},
+      {"G1 X\t\t5", "\t"}, {"G1 X \t5", ""},      {"M117 EXIT", "I"}};
+  for (const auto& [line, bad] : cases) EXPECT_EQ(parse_error(line, 'X'), std::string(bad) + " is not a number.");
 }
 
 TEST(ParseField, KeepsWithinTheRangeOfADouble) {
@@ -131,15 +120,10 @@ TEST(ParseField, ReadsTheLocaleSeparator) {
 }
 
 TEST(FormatNumber, WritesAtMostFiveDecimals) {
-  EXPECT_EQ(FormatNumber(10, true), "10");
-  EXPECT_EQ(FormatNumber(0.1, true), "0.1");
-  EXPECT_EQ(FormatNumber(1.234567, true), "1.23457");
-  EXPECT_EQ(FormatNumber(-0.5, true), "-0.5");
-  EXPECT_EQ(FormatNumber(0, true), "0");
-  EXPECT_EQ(FormatNumber(-0.0, true), "0");
-  EXPECT_EQ(FormatNumber(-0.000001, true), "0");
-  EXPECT_EQ(FormatNumber(1e20, true), "100000000000000000000");
-  EXPECT_EQ(FormatNumber(-123456789012.5, true), "-123456789012.5");
+  const std::pair<double, const char*> cases[] = {
+      {10, "10"}, {0.1, "0.1"}, {1.234567, "1.23457"}, {-0.5, "-0.5"}, {0, "0"}, {-0.0, "0"}, {-0.000001, "0"},
+      {1e20, "100000000000000000000"}, {-123456789012.5, "-123456789012.5"}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(FormatNumber(value, true), text) << value;
 }
 
 TEST(FormatNumber, AgreesWithPrintfOnTheValuesOfGCode) {
