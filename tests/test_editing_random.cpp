@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
 #include <random>
 #include <string>
 
@@ -16,12 +15,6 @@ using korvexed::testing::EditingTest;
 
 namespace {
 
-std::string number(double v) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.3f", v);
-  return text;
-}
-
 // Six layers of mixed records. Position resets (G92 X Y) only when asked:
 // Translate leaves them where they are, which no check could accept.
 std::string random_document(std::mt19937& rng, bool position_resets) {
@@ -31,7 +24,7 @@ std::string random_document(std::mt19937& rng, bool position_resets) {
   double x = 0, y = 0, e = 0;
   for (int l = 1; l <= 6; ++l) {
     x = coord(rng), y = coord(rng);
-    out += "G0 X" + number(x) + " Y" + number(y) + " Z" + number(0.2 * l) + "\n";
+    out += "G0 X" + std::to_string(x) + " Y" + std::to_string(y) + " Z" + std::to_string(0.2 * l) + "\n";
     if (pick(rng) < 50) out += "G92 E0\n", e = 0;
     for (int i = 0; i < 15; ++i) {
       const int p = pick(rng);
@@ -39,16 +32,16 @@ std::string random_document(std::mt19937& rng, bool position_resets) {
         const double nx = coord(rng), ny = coord(rng);
         e += std::hypot(nx - x, ny - y) * 0.05;
         x = nx, y = ny;
-        out += "G1 X" + number(x) + " Y" + number(y) + " E" + number(e) + " F1800\n";
+        out += "G1 X" + std::to_string(x) + " Y" + std::to_string(y) + " E" + std::to_string(e) + " F1800\n";
       } else if (p < 60) {
         x = coord(rng), y = coord(rng);
-        out += "G0 X" + number(x) + " Y" + number(y) + " F6000\n";
+        out += "G0 X" + std::to_string(x) + " Y" + std::to_string(y) + " F6000\n";
       } else if (p < 70) {
         e += 0.5;
-        out += "G1 X" + number(x) + " Y" + number(y) + " E" + number(e) + "\n";  // zero length
+        out += "G1 X" + std::to_string(x) + " Y" + std::to_string(y) + " E" + std::to_string(e) + "\n";  // zero length
       } else if (p < 78) {
         e -= 1;
-        out += "G1 E" + number(e) + " F2400 ;retract\n";
+        out += "G1 E" + std::to_string(e) + " F2400 ;retract\n";
       } else if (p < 86) {
         out += "M117 layer " + std::to_string(l) + "\n";
       } else if (p < 93) {
@@ -56,7 +49,7 @@ std::string random_document(std::mt19937& rng, bool position_resets) {
         out += "G92 E5\n";
       } else if (position_resets) {
         x = coord(rng), y = coord(rng);
-        out += "G92 X" + number(x) + " Y" + number(y) + "\n";
+        out += "G92 X" + std::to_string(x) + " Y" + std::to_string(y) + "\n";
       }
     }
   }
