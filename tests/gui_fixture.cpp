@@ -1,9 +1,7 @@
 #include "tests/gui_fixture.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QApplication>
-#include <QCursor>
 #include <QTest>
 #include <fstream>
 
@@ -25,25 +23,16 @@ void DialogWatcher::Answer() {
   QWidget* modal = QApplication::activeModalWidget();
   if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
     choosers.push_back({chooser->acceptMode(), chooser->fileMode(), chooser->nameFilters()});
-    if (paths.empty()) {
-      chooser->reject();
-      return;
-    }
+    if (paths.empty()) return chooser->reject();
     chooser->selectFile(paths.front());
     paths.pop_front();
-    static_cast<QDialog*>(chooser)->accept();  // public on QDialog, protected on QFileDialog
-    return;
+    return static_cast<QDialog*>(chooser)->accept();  // public on QDialog, protected on QFileDialog
   }
   auto* box = qobject_cast<QMessageBox*>(modal);
   if (!box) return;
-  const QCursor* pointer = QApplication::overrideCursor();
-  seen.push_back({box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
-                  pointer ? pointer->shape() : Qt::ArrowCursor});
-  QMessageBox::StandardButton answer = QMessageBox::Ok;
-  if (!answers.empty()) {
-    answer = answers.front();
-    answers.pop_front();
-  }
+  seen.push_back({box->text(), box->icon(), box->standardButtons()});
+  const QMessageBox::StandardButton answer = answers.empty() ? QMessageBox::Ok : answers.front();
+  if (!answers.empty()) answers.pop_front();
   if (QAbstractButton* button = box->button(answer))
     button->click();
   else
@@ -86,13 +75,6 @@ std::string FmMainTest::Write(const std::string& name, const std::string& conten
   fs::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << content;
   return path.string();
-}
-
-QAction* FmMainTest::Item(const QString& name) const {
-  for (QAction* action : window_->findChildren<QAction*>())
-    if (action->objectName() == name) return action;
-  ADD_FAILURE() << "no menu item " << name.toStdString();
-  return nullptr;
 }
 
 QString FmMainTest::Status(int panel) const { return dynamic_cast<QtPlatform&>(platform()).status_text(panel); }

@@ -4,6 +4,7 @@
 // choosers.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QString>
@@ -21,8 +22,6 @@
 // Readable QString values in failure messages.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
 
-class QAction;
-
 namespace korvexed::testing {
 
 // Answers every modal message box and file chooser that opens, records
@@ -31,10 +30,9 @@ namespace korvexed::testing {
 class DialogWatcher {
  public:
   struct Seen {
-    QString title, text;
+    QString text;
     QMessageBox::Icon icon;
     QMessageBox::StandardButtons buttons;
-    Qt::CursorShape pointer;
   };
   struct Chooser {
     QFileDialog::AcceptMode mode;
@@ -67,13 +65,13 @@ class FmMainTest : public ::testing::Test {
   void StartWith(const std::vector<std::string>& arguments);
   std::string Write(const std::string& name, const std::string& content);
   // The window's control or menu item with this object name.
-  QAction* Item(const QString& name) const;
   template <typename T>
   T* Control(const QString& name) const {
     T* control = window_->findChild<T*>(name);
     if (!control) ADD_FAILURE() << "no control " << name.toStdString();
     return control;
   }
+  QAction* Item(const QString& name) const { return Control<QAction>(name); }
   QString Status(int panel = 1) const;
   static QString Q(const std::string& s) { return QString::fromStdString(s); }
 

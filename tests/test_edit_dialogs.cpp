@@ -33,6 +33,9 @@ class Dialogs : public EditingTest {
       return true;
     });
   }
+  static std::array<double, 3> values(const std::array<ValueRow, 3>& rows) {
+    return {rows[0].value, rows[1].value, rows[2].value};
+  }
 };
 
 }  // namespace
@@ -45,18 +48,14 @@ TEST_F(Dialogs, ValueInputShowsGivenRowsAndClampsWhatIsTyped) {
   EXPECT_EQ(shown.texts[0], "1.5");
   EXPECT_EQ(shown.prompts[1], "B:");
   EXPECT_FALSE(shown.shown[2]);
-  EXPECT_EQ(rows[0].value, 328000);
-  EXPECT_EQ(rows[1].value, -328000);
-  EXPECT_EQ(rows[2].value, no_value);  // a hidden row is left alone
+  EXPECT_EQ(values(rows), (std::array{328000.0, -328000.0, no_value}));  // a hidden row is left alone
 }
 
 TEST_F(Dialogs, ValueInputIgnoresTextsThatAreNoNumbersAndCancelStoresNothing) {
   std::array<ValueRow, 3> rows{{{"A:", 1}, {"B:", 2}, {"C:", 3}}};
   type_values({"x", " 4.25 ", "1,5"});
   EXPECT_TRUE(ValueInput("T", rows));
-  EXPECT_EQ(rows[0].value, 1);
-  EXPECT_EQ(rows[1].value, 4.25);
-  EXPECT_EQ(rows[2].value, 3);
+  EXPECT_EQ(values(rows), (std::array{1.0, 4.25, 3.0}));
   EXPECT_FALSE(ValueInput("T", rows));  // no answer: Cancel
   EXPECT_EQ(rows[1].value, 4.25);
 }
@@ -68,8 +67,7 @@ TEST_F(Dialogs, ValueInputReadsAndWritesTheLocalesDecimalComma) {
   EXPECT_TRUE(ValueInput("T", rows));
   doc.decimal_comma = false;
   EXPECT_EQ(ui->value_forms.at(0).texts[0], "1,5");
-  EXPECT_EQ(rows[0].value, 2.75);
-  EXPECT_EQ(rows[1].value, 2);
+  EXPECT_EQ(values(rows), (std::array{2.75, 2.0, no_value}));  // a period is no separator here
 }
 
 TEST_F(Dialogs, ChangeFeedrateAsksForTheOldAndTheNewFeedrateOnly) {
@@ -98,12 +96,9 @@ TEST_F(Dialogs, TranslateAfterCancelFindsNothingToDo) {
 TEST_F(Dialogs, TextInputShowsAMoveAsCoordinatesWithItsExtrusionPerSquaredMillimetre) {
   EXPECT_FALSE(TextInput(3));
   const RecordForm& shown = ui->record_forms.at(0);
-  EXPECT_EQ(shown.caption, "GCode Coordinate Editing...");
-  EXPECT_EQ(shown.x, "6");
-  EXPECT_EQ(shown.f, "1800");
-  EXPECT_EQ(shown.e_label, "dE/mm:");
-  EXPECT_EQ(shown.e, "0.333333333333333");  // 3 over 9 square millimetres
-  EXPECT_EQ(shown.kind, RecordForm::g1);
+  // E per square millimetre: 3 over 9.
+  EXPECT_EQ(std::tuple(shown.caption, shown.x, shown.f, shown.e_label, shown.e, shown.kind),
+            std::tuple("GCode Coordinate Editing...", "6", "1800", "dE/mm:", "0.333333333333333", RecordForm::g1));
 }
 
 TEST_F(Dialogs, TextInputClampsTheFeedrateAndSetsTheKindOfTheMarkedVertices) {
@@ -113,10 +108,8 @@ TEST_F(Dialogs, TextInputClampsTheFeedrateAndSetsTheKindOfTheMarkedVertices) {
     form.kind = RecordForm::g0;
   });
   EXPECT_TRUE(TextInput(2));
-  EXPECT_EQ(at(0, 2).f, 1);
-  EXPECT_EQ(at(0, 4).f, 1);
-  EXPECT_EQ(kind(0, 4), line_kind::g0);
-  EXPECT_EQ(kind(0, 3), line_kind::g1);
+  EXPECT_EQ(std::pair(at(0, 2).f, at(0, 4).f), std::pair(1.0, 1.0));
+  EXPECT_EQ(std::tuple(kind(0, 2), kind(0, 3), kind(0, 4)), std::tuple(line_kind::g0, line_kind::g1, line_kind::g0));
 }
 
 TEST_F(Dialogs, TextInputChangesTheExtrusionOfAZeroLengthMoveByTheTypedDifference) {
@@ -124,8 +117,7 @@ TEST_F(Dialogs, TextInputChangesTheExtrusionOfAZeroLengthMoveByTheTypedDifferenc
   mark({2});
   edit_record([](RecordForm& form) { form.e = "2.5"; });
   EXPECT_TRUE(TextInput(2));
-  EXPECT_EQ(ui->record_forms.at(0).e_label, "dE:");
-  EXPECT_EQ(ui->record_forms.at(0).e, "2");
+  EXPECT_EQ(std::tuple(ui->record_forms.at(0).e_label, ui->record_forms.at(0).e), std::tuple("dE:", "2"));
   EXPECT_DOUBLE_EQ(at(0, 2).e, 2.5);
   EXPECT_DOUBLE_EQ(at(0, 3).e, 5.5);
   EXPECT_CONSISTENT();
@@ -134,8 +126,8 @@ TEST_F(Dialogs, TextInputChangesTheExtrusionOfAZeroLengthMoveByTheTypedDifferenc
 TEST_F(Dialogs, TextInputEditsALineOfTextOnlyWhenItChanged) {
   edit_record([](RecordForm&) {});
   EXPECT_FALSE(TextInput(5));
-  EXPECT_EQ(ui->record_forms.at(0).caption, "GCode Text Editing...");
-  EXPECT_EQ(ui->record_forms.at(0).text, "M104 S200");
+  EXPECT_EQ(std::tuple(ui->record_forms.at(0).caption, ui->record_forms.at(0).text),
+            std::tuple("GCode Text Editing...", "M104 S200"));
   edit_record([](RecordForm& form) { form.text = "M104 S210"; });
   EXPECT_TRUE(TextInput(5));
   EXPECT_EQ(std::string_view(doc.text_list[doc.layer(0).g[5].index]), "M104 S210");

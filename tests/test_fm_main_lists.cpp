@@ -68,39 +68,35 @@ class ListsTest : public FmMainTest {
     for (int v = option.sliderValue + step; v != value + step; v += step) QTest::mouseMove(slider, at(v));
     QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, at(value));
   }
-  // Clicks the button and chooses the item captioned `caption` in the menu
-  // that it opens; records which items were enabled.
-  void ChooseFromMenu(QPushButton* button, const QString& caption) {
+  // Answers the next menu that opens: notes its name and enabled items,
+  // then chooses the item captioned `caption`, or closes the menu with Escape.
+  void AnswerMenu(const QString& caption) {
+    opened_.clear();
     QTimer::singleShot(0, [this, caption] {
       auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      ASSERT_NE(menu, nullptr);
+      if (!menu) return;
+      opened_ = menu->objectName();
       enabled_items_.clear();
+      QAction* chosen = nullptr;
       for (QAction* item : menu->actions()) {
         if (item->isEnabled()) enabled_items_ << item->text();
-        if (item->text() == caption) menu->setActiveAction(item);
+        if (item->text() == caption) chosen = item;
       }
-      QTest::keyClick(menu, Qt::Key_Return);
+      if (chosen) menu->setActiveAction(chosen);
+      QTest::keyClick(menu, chosen ? Qt::Key_Return : Qt::Key_Escape);
     });
-    QTest::mouseClick(button, Qt::LeftButton);
   }
-  // Right-clicks the line and, in the menu that opens, chooses its last
-  // item or just closes it: the menu's name, or empty when none opened.
-  static QString RightClickMenu(ListBox* list, int line, bool choose_last = false) {
-    QString opened;
-    QTimer::singleShot(0, [&opened, choose_last] {
-      if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-        opened = menu->objectName();
-        if (choose_last) {
-          menu->setActiveAction(menu->actions().back());
-          QTest::keyClick(menu, Qt::Key_Return);
-        } else {
-          menu->close();
-        }
-      }
-    });
+  void ChooseFromMenu(QPushButton* button, const QString& caption) {
+    AnswerMenu(caption);
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_FALSE(opened_.isEmpty()) << "no menu for " << caption.toStdString();
+  }
+  // Right-clicks the line and answers the menu: its name, or empty when none opened.
+  QString RightClickMenu(ListBox* list, int line, const QString& caption = {}) {
+    AnswerMenu(caption);
     ClickLine(list, line, Qt::NoModifier, Qt::RightButton);
     QApplication::processEvents();
-    return opened;
+    return opened_;
   }
   bool ToggleSetting(int index) {
     Item(QStringLiteral("poSetting_%1").arg(index))->trigger();
@@ -112,6 +108,7 @@ class ListsTest : public FmMainTest {
     return n;
   }
 
+  QString opened_;
   QStringList enabled_items_;
 };
 
@@ -292,7 +289,7 @@ TEST_F(ListsTest, DeleteSelectedLayersFromTheLayerListsMenu) {
   ListBox* layers = List("lstLayer");
   ClickLine(layers, 2);
   ClickLine(layers, 3, Qt::ControlModifier);
-  EXPECT_EQ(RightClickMenu(layers, 3, true), QStringLiteral("popLstLayer"));
+  EXPECT_EQ(RightClickMenu(layers, 3, QStringLiteral("&Delete Selected Layers")), QStringLiteral("popLstLayer"));
   EXPECT_EQ(doc.layer_count, 3);
   EXPECT_EQ(layers->line_count(), 3);
   EXPECT_EQ(doc.current_layer, -1);

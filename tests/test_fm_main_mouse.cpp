@@ -127,11 +127,10 @@ class MouseTest : public FmMainTest {
     for (const int32_t r : records) lists.select_flag[static_cast<size_t>(r)] = 1;
     ApplySelection(false);
   }
-  static int Marked(int32_t r) { return lists.select_flag[static_cast<size_t>(r)]; }
   // The marks of records 1 to 4, as "0110".
   static std::string Marks() {
     std::string marks;
-    for (int32_t r = 1; r <= 4; ++r) marks += Marked(r) ? '1' : '0';
+    for (int32_t r = 1; r <= 4; ++r) marks += lists.select_flag[static_cast<size_t>(r)] ? '1' : '0';
     return marks;
   }
   static const coor_data& Record(int32_t r) { return doc.coor(doc.current_layer, r); }
@@ -192,7 +191,6 @@ TEST_F(MouseTest, APressSixPixelsAwayDrawsABandWithItsSizeAndMarksWhatItHolds) {
   EXPECT_EQ(band.pixelColor(from.x(), to.y() + 5), QColor(255, 255, 0));  // its left edge, over the picture
   QTest::mouseRelease(area_, Qt::LeftButton, {}, to);
   EXPECT_EQ(Marks(), "0100");
-  EXPECT_EQ(Record(2).x, 10);  // nothing moved
   EXPECT_FALSE(doc.modified);
   EXPECT_NE(area_->grab().toImage().pixelColor(from.x(), to.y() + 5), QColor(255, 255, 0));
 }
@@ -278,7 +276,6 @@ TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
   popups_.items = {"poUnSelectEdit_1", "poPoint_1"};
   Click(Qt::RightButton, At(6, 2, 0, 2));
   ASSERT_EQ(popups_.menus, std::vector<QString>{"mnUnSelectEdit"});
-  EXPECT_GT(popups_.preview_pixels.at(0), 70);  // the 8 mm line and its arrow, in yellow
   EXPECT_EQ(popups_.pointers.at(0), Qt::ArrowCursor);  // not the busy one
   ASSERT_EQ(doc.layer(0).g_count, 7);
   EXPECT_NEAR(Record(3).x, 2 + 16.0 / 3, 1e-12);  // where, the editing tests check in detail
@@ -289,7 +286,7 @@ TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
 TEST_F(MouseTest, TheInsertPreviewIsWipedWhenTheMenuClosesUnused) {
   const QImage before = area_->grab().toImage();
   Click(Qt::RightButton, At(6, 2));
-  EXPECT_GT(popups_.preview_pixels.at(0), 70);
+  EXPECT_GT(popups_.preview_pixels.at(0), 70);  // the 8 mm line and its arrow, in yellow
   EXPECT_EQ(area_->grab().toImage(), before);
   EXPECT_FALSE(doc.modified);
 }
