@@ -179,7 +179,7 @@ TEST_F(ListsTest, TheLayerSliderAddsLayersOnlyWithRangeScroll) {
   EXPECT_EQ(QApplication::focusWidget(), Control<QWidget>(QStringLiteral("picDraw")));
 }
 
-TEST_F(ListsTest, TheDataSliderAddsRowsOnlyWithRangeScroll) {
+TEST_F(ListsTest, TheDataSliderAddsRowsOnlyWithRangeScrollAndAShiftClickReachesFromItsRow) {
   ClickLine(List("lstLayer"), 1);
   ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
   QScrollBar* slider = Slider("scrData");
@@ -190,6 +190,8 @@ TEST_F(ListsTest, TheDataSliderAddsRowsOnlyWithRangeScroll) {
   DragSlider(slider, 1);
   EXPECT_EQ(lists.data_selected, (U8{0, 1, 0}));
   EXPECT_EQ(Status(3), QStringLiteral("Data 1"));
+  ClickLine(List("lstData"), 2, Qt::ShiftModifier);
+  EXPECT_EQ(lists.data_selected, (U8{0, 1, 1}));
 }
 
 TEST_F(ListsTest, ViewSingleKeepsTheCurrentLayerAndInvertOfAllLeavesLayerZero) {
@@ -251,14 +253,6 @@ TEST_F(ListsTest, KeysMoveTheCaretAndExtendTheSelection) {
   EXPECT_EQ(Status(3), QStringLiteral("Data 2"));
   QTest::keyClick(data, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(lists.data_selected, (U8{1, 1, 1}));
-}
-
-TEST_F(ListsTest, AShiftClickReachesFromTheRowTheSliderChose) {
-  ClickLine(List("lstLayer"), 1);
-  ASSERT_FALSE(ToggleSetting(1));
-  DragSlider(Slider("scrData"), 1);
-  ClickLine(List("lstData"), 2, Qt::ShiftModifier);
-  EXPECT_EQ(lists.data_selected, (U8{0, 1, 1}));
 }
 
 TEST_F(ListsTest, ARightClickOnTheDataListMarksEveryListedVertex) {
