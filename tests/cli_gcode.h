@@ -33,12 +33,3 @@ inline constexpr std::string_view square_saved =
     "G1  Z0.6\r\n"
     "G1 X10 E4\r\n"
     "G1 Y10 E5\r\n";
-
-// Layer 1 at Z0.2: 0 G1 (0,0) F600, 1 G1 (10,0) E2, 2 G92 E0,
-// 3 G1 (20,0) E2, 4 G1 (30,0) E4.
-inline constexpr std::string_view reset_gcode =
-    "G1 Z0.2 F600\n"
-    "G1 X10 E2\n"
-    "G92 E0\n"
-    "G1 X20 E2\n"
-    "G1 X30 E4\n";

@@ -60,14 +60,6 @@ TEST_F(CliEditView, SelectCommands) {
   EXPECT_EQ(SavedAfter("layer 1\nselect 1\nselect invert\nkind G0"), SquareWith({{2, g0_r0}, {4, g0_r2}, {6, g0_r4}}));
 }
 
-TEST_F(CliEditView, SelectRefusesRecordsThatAreNotVertexListEntries) {
-  EXPECT_EQ(Edit(square_gcode, "layer 1\nselect 5\nsave out.gcode\n"),
-            (CliResult{2, "", "line 2: record 5 is not a G0/G1 record on view\n"}));
-  EXPECT_FALSE(Exists("out.gcode"));
-  EXPECT_EQ(Edit(square_gcode, "layer 1\nrows 2-4\nselect 3 1\n"),
-            (CliResult{2, "", "line 3: record 1 is not a G0/G1 record on view\n"}));
-}
-
 TEST_F(CliEditView, RectReplacesTheMarkingWithTheVerticesInside) {
   EXPECT_EQ(SavedAfter("layer 1\nselect all\nrect 11 11 5 -1\nkind G0"), SquareWith({{3, g0_r1}, {4, g0_r2}}));
   EXPECT_EQ(SavedAfter("layer 1\nrect 10 0 20 20\nkind G0"), SquareWith({{3, g0_r1}, {4, g0_r2}}))
@@ -76,33 +68,20 @@ TEST_F(CliEditView, RectReplacesTheMarkingWithTheVerticesInside) {
 
 TEST_F(CliEditView, RectModifiersAddToggleAndRemove) {
   EXPECT_EQ(SavedAfter("layer 1\nrect 5 -1 11 1\nrect 5 9 11 11 shift\nkind G0"), SquareWith({{3, g0_r1}, {4, g0_r2}}));
-  EXPECT_EQ(SavedAfter("layer 1\nselect all\nrect 5 -1 11 11 ctrl\nkind G0"), SquareWith({{2, g0_r0}, {6, g0_r4}}));
-  EXPECT_EQ(SavedAfter("layer 1\nselect all\nrect -1 -1 1 1 alt\nkind G0"), SquareWith({{3, g0_r1}, {4, g0_r2}}));
   EXPECT_EQ(SavedAfter("layer 1\nselect 1\nrect 5 -1 11 11 alt+ctrl\nkind G0"), SquareWith({{4, g0_r2}}))
       << "Ctrl toggles even with Alt held";
   EXPECT_EQ(SavedAfter("layer 1\nrect 5 9 11 11 shift+alt+ctrl\nrect 5 -1 11 1\nkind G0"), SquareWith({{3, g0_r1}}))
       << "the keys are released after their rectangle";
 }
 
-TEST_F(CliEditView, RectRefusesUnknownKeys) {
-  for (const char* keys : {"meta", "shift+", "+ctrl", "shift+Alt"}) {
-    const CliResult result = Edit(square_gcode, std::string("layer 1\nrect 0 0 1 1 ") + keys + "\n");
-    EXPECT_EQ(result.status, 2) << keys;
-    EXPECT_TRUE(result.err.starts_with("line 2: ")) << result.err;
-  }
-}
-
 TEST_F(CliEditView, OutputCommandsWriteToStandardOutputInOrder) {
-  const CliResult result = Edit(square_gcode, "save -\nexport -\ndump -\n");
+  const CliResult result = Edit(square_gcode, "export -\nsave -\ndump -\n");
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err, "");
-  const std::string_view out = result.out;
-  ASSERT_TRUE(out.starts_with(square_saved));
-  const size_t dump = out.find("document layers=3 tagged=0\n");
-  ASSERT_NE(dump, std::string_view::npos);
-  EXPECT_EQ(CrLfLines(out.substr(square_saved.size(), dump - square_saved.size())).at(2), ";Layer count: 2")
-      << "the export stands between the save and the dump";
-  EXPECT_TRUE(out.ends_with("  2 G1 x=10 y=10 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"));
+  EXPECT_TRUE(result.out.starts_with("; test square\r\nG92 E0\r\n;Layer count: 2\r\n")) << result.out;
+  EXPECT_NE(result.out.find(std::string(square_saved) + "document layers=3 tagged=0\n"), std::string::npos)
+      << "the export leaves the document as it was, and the dump follows the save";
+  EXPECT_TRUE(result.out.ends_with("  2 G1 x=10 y=10 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"));
 }
 
 TEST_F(CliEditView, OutputCommandsWriteFiles) {
@@ -115,13 +94,11 @@ TEST_F(CliEditView, OutputCommandsWriteFiles) {
 TEST_F(CliEditView, AFailedWriteIsReportedAndTheScriptGoesOn) {
   const CliResult result =
       Edit(square_gcode, "save no/dir/a.gcode\ndump no/dir/a.dump\nexport no/dir/b.gcode\nsave b.gcode\n");
-  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result, (CliResult{1, "",
+                                "message: Unable to open no/dir/a.gcode Error 2: No such file or directory\n"
+                                "message: Unable to open no/dir/a.dump Error 2: No such file or directory\n"
+                                "message: Unable to open no/dir/b.gcode Error 2: No such file or directory\n"}));
   EXPECT_EQ(Read("b.gcode"), square_saved);
-  int messages = 0;
-  for (size_t at = 0; (at = result.err.find("message: ", at)) != std::string::npos; ++at) ++messages;
-  EXPECT_EQ(messages, 3) << result.err;
-  EXPECT_NE(result.err.find("message: Unable to open no/dir/a.dump Error 2: No such file or directory\n"),
-            std::string::npos);
 }
 
 TEST_F(CliEditView, AWrongLineStopsTheScriptWithItsLineNumber) {
@@ -140,23 +117,29 @@ TEST_F(CliEditView, WrongArgumentsAreScriptErrors) {
       {"layer 1\nmove 1", "line 2: 'move' takes 2 to 3 arguments, not 1"},
       {"layer 1\nmove 1 2,5", "line 2: '2,5' is not a number"},
       {"layer 1\nselect 9", "line 2: record 9 does not exist (valid: 0 to 5)"},
+      {"layer 1\nselect 5", "line 2: record 5 is not a G0/G1 record on view"},
+      {"layer 1\nrows 2-4\nselect 3 1", "line 3: record 1 is not a G0/G1 record on view"},
       {"layer 1\nrows all extra", "line 2: 'rows' takes 1 argument, not 2"},
       {"layer 1\ndelete-vertices now", "line 2: 'delete-vertices' takes 0 arguments, not 1"},
       {"save", "line 1: 'save' takes 1 argument, not 0"},
       {"save a b", "line 1: 'save' takes 1 argument, not 2"},
       {"delete-layers 2-1", "line 1: range '2-1' runs backwards"},
+      {"layer 1\nrect 0 0 1 1 meta", "line 2: 'meta' is not shift, ctrl or alt"},
+      {"layer 1\nrect 0 0 1 1 shift+Alt", "line 2: 'Alt' is not shift, ctrl or alt"},
+      {"layer 1\nrect 0 0 1 1 +ctrl", "line 2: '' is not shift, ctrl or alt"},
+      {"layer 1\nrect 0 0 1 1 shift+", "line 2: a key is missing after '+'"},
   };
   for (const auto& [script, error] : cases)
     EXPECT_EQ(Edit(square_gcode, script + "\n"), (CliResult{2, "", error + "\n"})) << script;
 }
 
 TEST_F(CliEditView, AfterDeleteLayersNoLayerIsCurrent) {
-  for (const char* command : {"rows all", "select all", "rect 0 0 1 1", "move 1 1", "delete-vertices", "delete-rows",
-                              "feedrate 0 100", "kind G0", "insert-point 1 0 0", "insert-points 1 2", "text 1 x"}) {
-    const CliResult result = Edit(square_gcode, std::string("delete-layers 2\n") + command + "\n");
-    EXPECT_EQ(result.status, 2) << command;
-    EXPECT_TRUE(result.err.starts_with("line 2: ")) << result.err;
-    EXPECT_TRUE(result.err.ends_with(" needs a current layer (choose one with 'layer L')\n")) << result.err;
+  for (const std::string_view command : {"rows all", "select all", "rect 0 0 1 1", "move 1 1", "delete-vertices",
+                                         "delete-rows", "feedrate 0 100", "kind G0", "insert-point 1 0 0",
+                                         "insert-points 1 2", "text 1 x"}) {
+    const std::string word(command.substr(0, command.find(' ')));
+    EXPECT_EQ(Edit(square_gcode, "delete-layers 2\n" + std::string(command) + "\n"),
+              (CliResult{2, "", "line 2: '" + word + "' needs a current layer (choose one with 'layer L')\n"}));
   }
 }
 

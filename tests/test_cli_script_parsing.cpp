@@ -24,18 +24,11 @@ std::string IndicesError(std::string_view text, int32_t count) {
 }
 
 TEST(CliScriptLines, LinesEndAtLfOrCrLfAndKeepTheirNumbers) {
-  const std::vector<ScriptLine> lines = SplitScript("layer 1\r\n\n   \t\n# note\n  #x\nmove 1\t2 \r\nsave -");
-  ASSERT_EQ(lines.size(), 3u);
-  EXPECT_EQ(lines[0].number, 1);
-  EXPECT_EQ(lines[0].words, (std::vector<std::string_view>{"layer", "1"}));
-  EXPECT_EQ(lines[1].number, 6);
-  EXPECT_EQ(lines[1].words, (std::vector<std::string_view>{"move", "1", "2"}));
-  EXPECT_EQ(lines[2].number, 7) << "a last line without a line end counts";
-  EXPECT_EQ(lines[2].words, (std::vector<std::string_view>{"save", "-"}));
-}
-
-TEST(CliScriptLines, AHashInsideALineIsAWord) {
-  EXPECT_EQ(SplitScript("text 3 #include\n").at(0).words.back(), "#include");
+  // A hash starts a comment only as the first word; a last line without a line end counts.
+  std::vector<std::pair<int, std::vector<std::string_view>>> lines;
+  for (const ScriptLine& line : SplitScript("layer 1\r\n\n   \t\n# note\n  #x\nmove 1\t2 \r\ntext #x"))
+    lines.emplace_back(line.number, line.words);
+  EXPECT_EQ(lines, (decltype(lines){{1, {"layer", "1"}}, {6, {"move", "1", "2"}}, {7, {"text", "#x"}}}));
 }
 
 TEST(CliScriptLines, TextAfterAWordStartsBehindOneBlank) {
@@ -47,11 +40,8 @@ TEST(CliScriptLines, TextAfterAWordStartsBehindOneBlank) {
 }
 
 TEST(CliScriptNumbers, APeriodAndAnExponentWhateverTheLocale) {
-  EXPECT_EQ(ParseNumber("1.5"), 1.5);
-  EXPECT_EQ(ParseNumber("-2"), -2);
-  EXPECT_EQ(ParseNumber("+.5"), 0.5);
-  EXPECT_EQ(ParseNumber("5."), 5);
-  EXPECT_EQ(ParseNumber("2.5e-1"), 0.25);
+  for (const auto& [text, value] : {std::pair{"1.5", 1.5}, {"-2", -2.0}, {"+.5", 0.5}, {"5.", 5.0}, {"2.5e-1", 0.25}})
+    EXPECT_EQ(ParseNumber(text), value) << text;
   for (const std::string_view bad : {"", "+", "1,5", "1.5x", "x", "+-1", "--1", "inf", "nan", "1e400", "0x10", " 1"}) {
     EXPECT_FALSE(ParseNumber(bad)) << "'" << bad << "'";
   }
@@ -65,25 +55,17 @@ TEST(CliScriptNumbers, IndicesAreWholeNonNegativeIntegers) {
   }
 }
 
-TEST(CliScriptNumbers, DialogValuesAreClampedAsTheDialogClampsThem) {
-  EXPECT_EQ(DialogValue(500000), 328000);
-  EXPECT_EQ(DialogValue(-500000), -328000);
-  EXPECT_EQ(DialogValue(-12.5), -12.5);
-}
-
 TEST(CliScriptArgs, IndexListsTakeRangesInTheirOrder) {
   EXPECT_EQ(Indices("rows 5 0-2 4-4", 6), (std::vector<int32_t>{5, 0, 1, 2, 4}));
 }
 
 TEST(CliScriptArgs, IndexListsRefuseWhatIsNotThere) {
-  EXPECT_EQ(IndicesError("rows", 6), "'rows' needs at least one row index");
-  EXPECT_EQ(IndicesError("rows 6", 6), "row 6 does not exist (valid: 0 to 5)");
-  EXPECT_EQ(IndicesError("rows 2-9", 6), "row 9 does not exist (valid: 0 to 5)");
   EXPECT_EQ(IndicesError("rows 0", 0), "row 0 does not exist (valid: none)");
-  EXPECT_EQ(IndicesError("rows 4-2", 6), "range '4-2' runs backwards");
-  EXPECT_EQ(IndicesError("rows -1", 6), "'-1' is not a row index");
-  EXPECT_EQ(IndicesError("rows 1-", 6), "'1-' is not a row index");
-  EXPECT_EQ(IndicesError("rows 1.5", 6), "'1.5' is not a row index");
+  const std::pair<const char*, const char*> cases[] = {{"rows", "'rows' needs at least one row index"},
+      {"rows 6", "row 6 does not exist (valid: 0 to 5)"}, {"rows 2-9", "row 9 does not exist (valid: 0 to 5)"},
+      {"rows 4-2", "range '4-2' runs backwards"}, {"rows -1", "'-1' is not a row index"},
+      {"rows 1-", "'1-' is not a row index"}, {"rows 1.5", "'1.5' is not a row index"}};
+  for (const auto& [script, error] : cases) EXPECT_EQ(IndicesError(script, 6), error);
 }
 
 }  // namespace

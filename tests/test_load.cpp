@@ -82,14 +82,9 @@ TEST_F(Load, FillsAbsentMoveFieldsAndKeepsG92AsGiven) {
 }
 
 TEST_F(Load, DetectsTagsOnlyBehindTheFirstSemicolonOfTheFirstLayers) {
-  load_text(";LAYER:0\nG1 X1\n");
-  EXPECT_EQ(doc.layer_tagged, 0);
-  load_text("G1 X1 ;;LAYER:1\n");
-  EXPECT_EQ(doc.layer_tagged, 1);
-  load_text("G1 Z1\nG1 Z2\nG1 Z3\n;;LAYER:3\n");
-  EXPECT_EQ(doc.layer_tagged, 1);
-  load_text("G1 Z1\nG1 Z2\nG1 Z3\nG1 Z4\n;;LAYER:4\n");
-  EXPECT_EQ(doc.layer_tagged, 0);
+  const std::pair<const char*, int> cases[] = {{";LAYER:0\nG1 X1\n", 0}, {"G1 X1 ;;LAYER:1\n", 1},
+      {"G1 Z1\nG1 Z2\nG1 Z3\n;;LAYER:3\n", 1}, {"G1 Z1\nG1 Z2\nG1 Z3\nG1 Z4\n;;LAYER:4\n", 0}};
+  for (const auto& [text, tagged] : cases) EXPECT_EQ((load_text(text), doc.layer_tagged), tagged) << text;
 }
 
 TEST_F(Load, StopsAtAMalformedNumberAndEmptiesTheDocument) {
@@ -119,24 +114,6 @@ TEST_F(Load, OpenFailureLeavesTheDocumentAlone) {
   EXPECT_TRUE(IsDocumentLoaded());
   EXPECT_FALSE(LoadGCode(path("")));
   EXPECT_EQ(last_message(), "Unable to open " + path("") + "\r\nError 21: Is a directory");
-}
-
-TEST_F(Load, ReadsTheLocaleSeparatorAndWritesAPeriod) {
-  ui->decimal_comma = true;
-  load_text("G1 X1,5 Y2.25\n");
-  EXPECT_EQ(doc.coor(0, 1).x, 1.5);
-  EXPECT_EQ(doc.coor(0, 1).y, 2.25);
-  EXPECT_EQ(saved(), "G1 X1.5 Y2.25\r\n");
-}
-
-TEST_F(Load, GrowsBeyondTheFirstSlots) {
-  std::string text;
-  for (int i = 1; i <= 1001; ++i) text += "G1 Z" + std::to_string(i) + "\n";
-  for (int i = 0; i < 1000; ++i) text += "M400\n";
-  load_text(text);
-  EXPECT_EQ(doc.layer_count, 1002);
-  EXPECT_EQ(doc.layer(1001).g_count, 1001);
-  EXPECT_EQ(doc.layer(1001).g[1000].kind, line_kind::text);
 }
 
 TEST(ReservedArray, NeverMovesAndReadsFreshElementsAsZero) {
