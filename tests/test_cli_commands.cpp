@@ -43,7 +43,6 @@ TEST_F(CliCommands, InfoExtentLeavesOutTheStartLine) {
   Write("empty.gcode", "");
   const CliResult empty = Run({"info", "empty.gcode"});
   EXPECT_EQ(empty.status, 0);
-  EXPECT_NE(empty.out.find("layers: 1\nrecords: 1\nmoves: 1\n"), std::string::npos) << empty.out;
   EXPECT_NE(empty.out.find("x-min: none\n"), std::string::npos) << empty.out;
 }
 
