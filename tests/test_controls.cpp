@@ -178,7 +178,7 @@ TEST_F(ShrinkWndTest, CollapsesStepByStepToTheStripThenSignalsOnce) {
   EXPECT_TRUE(std::is_sorted(steps.rbegin(), steps.rend()));
   EXPECT_LT(steps.front(), 180);
   EXPECT_EQ(steps.back(), panel_->width());
-  EXPECT_LE(panel_->width(), 30);
+  EXPECT_EQ(panel_->width(), panel_->collapsed_width());
   ASSERT_EQ(changed.count(), 1);
   EXPECT_FALSE(changed.at(0).at(0).toBool());
   EXPECT_FALSE(content_->isVisible());
