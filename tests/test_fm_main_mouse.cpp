@@ -278,7 +278,7 @@ TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
   ASSERT_EQ(popups_.menus, std::vector<QString>{"mnUnSelectEdit"});
   EXPECT_EQ(popups_.pointers.at(0), Qt::ArrowCursor);  // not the busy one
   ASSERT_EQ(doc.layer(0).g_count, 7);
-  EXPECT_NEAR(Record(3).x, 2 + 16.0 / 3, 1e-12);  // where, the editing tests check in detail
+  EXPECT_NEAR(Record(3).x, 2 + 16.0 / 3, 1e-12);  // the even spread is checked by the CLI insert-points test
   EXPECT_TRUE(doc.modified);
   EXPECT_EQ(CheckConsistency(), "");
 }
