@@ -41,6 +41,15 @@ std::string_view KindName(line_kind kind) {
   }
 }
 
+// The extrusion mode and the fields the line stated, as " rel=1 given=XYEF".
+void AppendMoveFlags(std::string& out, const coor_data& c) {
+  out.append(c.e_relative ? " rel=1" : " rel=0").append(" given=");
+  const size_t start = out.size();
+  for (const auto& [bit, letter] : {std::pair{given_x, 'X'}, {given_y, 'Y'}, {given_z, 'Z'}, {given_e, 'E'}, {given_f, 'F'}})
+    if (c.given & bit) out.push_back(letter);
+  if (out.size() == start) out.push_back('-');
+}
+
 void AppendEntry(std::string& out, int32_t j, const g_entry& entry) {
   out.append("  ").append(std::to_string(j)).push_back(' ');
   if (entry.kind == line_kind::text) {
@@ -56,6 +65,7 @@ void AppendEntry(std::string& out, int32_t j, const g_entry& entry) {
   AppendField(out, "e_delta", c.e_delta);
   AppendField(out, "d_delta", c.d_delta);
   out.append(c.no_extrude ? " no_extrude=1" : " no_extrude=0");
+  if (entry.kind != line_kind::g92) AppendMoveFlags(out, c);
   out.append(" comment=").append(doc.comment(c)).push_back('\n');
 }
 

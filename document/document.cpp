@@ -1,6 +1,6 @@
 #include "document/document.h"
 
-#include "document/korvexed_general.h"
+#include "document/gcode_line.h"
 #include "editing/list_state.h"
 #include "platform/platform.h"
 
@@ -42,20 +42,11 @@ layer_data* last_layer_with_room() {
   return &layer;
 }
 
-struct Fields {
-  double x, y, e, f;
-};
-
-// Reads X, Y, E and F; the ones given become the last known values.
-Fields read_fields(std::string_view line, const LineFields& fields) {
-  const Fields read{FieldValue(line, fields, LineFields::x), FieldValue(line, fields, LineFields::y),
-                    FieldValue(line, fields, LineFields::e), FieldValue(line, fields, LineFields::f)};
+// The X, Y and F that the line gives become the last known values.
+void take_fields(const MoveFields& fields) {
   coor_data& last = doc.last_coor;
-  if (read.x != no_value) last.x = read.x;
-  if (read.y != no_value) last.y = read.y;
-  if (read.e != no_value) last.e = read.e;
-  if (read.f != no_value) last.f = read.f;
-  return read;
+  for (const auto& [key, value] : {std::pair{MoveFields::x, &last.x}, {MoveFields::y, &last.y}, {MoveFields::f, &last.f}})
+    if (fields.given & (1u << key)) *value = fields.value[key];
 }
 
 coor_data& append_coordinate_entry(layer_data& layer, line_kind kind) {
@@ -71,7 +62,7 @@ coor_data& append_coordinate_entry(layer_data& layer, line_kind kind) {
 
 }  // namespace
 
-void AddLayer(std::string_view line, const LineFields& fields, std::string_view comment) {
+void AddLayer(line_kind kind, const MoveFields& fields, std::string_view comment) {
   if (doc.layer_count >= max_data_count) {
     doc.data_limit_hit = true;
     return;
@@ -86,24 +77,31 @@ void AddLayer(std::string_view line, const LineFields& fields, std::string_view 
   layer.coor_count = 0;
   layer.dz = doc.layer_count < 1 ? 0 : doc.current_z - doc.layer(doc.layer_count - 1).z;
   ++doc.layer_count;
-  // A layer started by "G01 Z..." is kept as a travel move: only "G1" counts.
-  AddMoveRecord(line.starts_with("G1") ? line_kind::g1 : line_kind::g0, line, fields, comment);
+  AddMoveRecord(kind, fields, comment);
 }
 
-void AddMoveRecord(line_kind kind, std::string_view line, const LineFields& fields, std::string_view comment) {
+void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view comment) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
-  const coor_data prev = doc.last_coor;
-  read_fields(line, fields);
-  const coor_data& last = doc.last_coor;
+  const double e_before = doc.last_coor.e;
+  const double prev_x = doc.last_coor.x, prev_y = doc.last_coor.y;
+  take_fields(fields);
   coor_data& c = append_coordinate_entry(*layer, kind);
+  const coor_data& last = doc.last_coor;
   c.x = last.x;
   c.y = last.y;
-  c.e = last.e;
   c.f = last.f;
+  c.given = fields.given;
+  c.e_relative = doc.e_relative;
   c.comment = doc.add_comment(comment);
-  c.e_delta = c.e - prev.e;
-  c.d_delta = (prev.x - c.x) * (prev.x - c.x) + (prev.y - c.y) * (prev.y - c.y);
+  // In relative extrusion the E word is the move's own extrusion; either
+  // way e stays the running total.
+  const double e_word = fields.value[MoveFields::e];
+  const bool has_e = fields.given & given_e;
+  c.e_delta = !has_e ? 0 : doc.e_relative ? e_word : e_word - e_before;
+  c.e = has_e && !doc.e_relative ? e_word : e_before + c.e_delta;
+  doc.last_coor.e = c.e;
+  c.d_delta = (prev_x - c.x) * (prev_x - c.x) + (prev_y - c.y) * (prev_y - c.y);
   if (layer->coor_count < 1 && doc.layer_count > 1) {
     // The first move of a layer also climbs from the layer before.
     const double rise = doc.layer(doc.layer_count - 2).z - layer->z;
@@ -113,30 +111,27 @@ void AddMoveRecord(line_kind kind, std::string_view line, const LineFields& fiel
   ++layer->coor_count;
 }
 
-void AddG92Record(std::string_view line, const LineFields& fields, std::string_view comment) {
+void AddG92Record(const MoveFields& fields, std::string_view comment) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
-  const Fields given = read_fields(line, fields);
+  take_fields(fields);
+  if (fields.given & given_e) doc.last_coor.e = fields.value[MoveFields::e];
   coor_data& c = append_coordinate_entry(*layer, line_kind::g92);
   c = coor_data{};
-  c.x = given.x;
-  c.y = given.y;
-  c.e = given.e;
-  c.f = given.f;
+  c.x = fields.value[MoveFields::x];
+  c.y = fields.value[MoveFields::y];
+  c.e = fields.value[MoveFields::e];
+  c.f = fields.value[MoveFields::f];
   c.no_extrude = true;
   c.comment = doc.add_comment(comment);
 }
 
-void AddTextRecord(std::string_view line, std::string_view comment) {
+void AddTextRecord(std::string_view line) {
   layer_data* layer = last_layer_with_room();
   if (!layer) return;
   doc.ensure_g_capacity(*layer);
   if (doc.text_list_count >= doc.text_list.capacity()) doc.text_list.grow(text_chunk);
-  if (comment.empty()) {
-    doc.text_list.add(line);
-  } else {
-    doc.text_list.add(line, ';', comment);
-  }
+  doc.text_list.add(line);
   layer->g[static_cast<size_t>(layer->g_count)] = {line_kind::text, doc.text_list_count};
   ++layer->g_count;
   ++doc.text_list_count;
@@ -150,12 +145,13 @@ void ResetDocument(bool loaded) {
   doc.layer_count = 0;
   doc.current_z = 0;
   doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
+  doc.e_relative = doc.g91_block = false;
   doc.text_list.clear();
   doc.comment_list.clear();
   doc.comment_list.add("");
   doc.entry_pool_used = 0;
-  const std::string first_line = "G1 Z" + FormatNumber(0, true);
-  AddLayer(first_line, ScanFields(first_line), "");
+  // G1 Z0, a move that states no field the writer would write.
+  AddLayer(line_kind::g1, MoveFields{}, "");
   doc.layer_tagged = 0;
 }
 

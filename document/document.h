@@ -29,13 +29,25 @@ inline constexpr int32_t entry_chunk = 1000;
 inline constexpr int32_t coor_chunk = 10000;
 inline constexpr int32_t text_chunk = 10000;
 
+// The fields a move's line states, or an edit set on purpose.
+enum field_bit : uint8_t { given_x = 1, given_y = 2, given_z = 4, given_e = 8, given_f = 16 };
+
 struct coor_data {
   double x = 0, y = 0, e = 0, f = 0;
   double e_delta = 0;  // E advanced by this move
   double d_delta = 0;  // squared length of this move from the state before it
   bool no_extrude = false;
-  uint32_t comment = 0;  // id in Document::comment_list; 0 = no comment
+  bool e_relative = false;  // read in relative extrusion: its E word is e_delta
+  uint8_t given = 0;        // field_bit set
+  uint32_t comment = 0;     // id in Document::comment_list; 0 = no comment
 };
+// Millions of records: the flags live in what would be padding.
+static_assert(sizeof(coor_data) == 56);
+
+// The move G1 Z0 that every document starts with and no file holds: the
+// first record of the pool.
+inline constexpr int32_t reset_record = 0;
+inline bool is_reset_line(const g_entry& entry) { return entry.index == reset_record && entry.kind != line_kind::text; }
 
 struct layer_data {
   double z = 0;
@@ -74,6 +86,8 @@ struct Document {
   double current_z = 0;
   coor_data last_coor;
   bool data_limit_hit = false;
+  bool e_relative = false;  // M83 in force
+  bool g91_block = false;   // G91 in force: lines are kept as text
 
   int32_t layer_capacity() const { return static_cast<int32_t>(layer_list.size()); }
 
@@ -89,21 +103,25 @@ struct Document {
   // The id of a record's comment; a run of moves with the same comment
   // shares one copy.
   uint32_t add_comment(std::string_view text);
+  // An edit set these fields of record `index` on purpose (never those of
+  // the reset line, which no file states).
+  void mark_given(int32_t index, uint8_t fields) {
+    if (index != reset_record) coor_list[index].given |= fields;
+  }
 };
 
 // The process-wide document.
 extern Document doc;
 
-struct LineFields;
+struct MoveFields;
 
-// Filling the model from G-code lines (already split from their comments,
-// their fields scanned by ScanFields). A refused addition (a limit
-// reached) changes nothing but data_limit_hit. A malformed number throws
-// NumberError before anything is added.
-void AddLayer(std::string_view line, const LineFields& fields, std::string_view comment);  // at current_z
-void AddMoveRecord(line_kind kind, std::string_view line, const LineFields& fields, std::string_view comment);
-void AddG92Record(std::string_view line, const LineFields& fields, std::string_view comment);
-void AddTextRecord(std::string_view line, std::string_view comment);
+// Filling the model from G-code lines, whose fields have been read. A
+// refused addition (a limit reached) changes nothing but data_limit_hit.
+void AddLayer(line_kind kind, const MoveFields& fields, std::string_view comment);  // at current_z
+void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view comment);
+void AddG92Record(const MoveFields& fields, std::string_view comment);
+// A line kept exactly as it was read.
+void AddTextRecord(std::string_view line);
 
 // Empties the document when `loaded` is false (one layer holding G1 Z0);
 // in both cases enables or disables the controls that need a document.

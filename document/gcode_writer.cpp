@@ -2,8 +2,10 @@
 
 #include <cerrno>
 #include <cstring>
+#include <algorithm>
 #include <string>
 
+#include "document/gcode_line.h"
 #include "document/korvexed_file.h"
 #include "document/korvexed_general.h"
 #include "document/record_text.h"
@@ -70,32 +72,80 @@ void insert_z(std::string& s, size_t start, double z) {
   s.insert(p - 1, field);
 }
 
-// The values of doc.last_coor as the writer compares them, rounded to the
-// fifth decimal once instead of at every comparison.
-struct LastRounded {
-  double x = 0, y = 0, e = 0, f = 0;
+// What the writer knows of the printer: for each of X, Y, Z, E and F
+// whether its value is known, and the last value written (rounded to the
+// fifth decimal, as written values are compared; Z exactly).
+struct PrinterState {
+  enum Field { x, y, z, e, f };
+  bool known[5] = {};
+  double last[5] = {};
+  bool e_relative = false;
+
+  void forget() { std::fill(std::begin(known), std::end(known), false); }
+  void set(Field field, double value) {
+    known[field] = true;
+    last[field] = value;
+  }
+
+  // A text line: an extrusion mode switch forgets E, and a line that may
+  // move the head forgets everything.
+  void follow(std::string_view text) {
+    const CommandWord word = ReadCommandWord(text);
+    if (word.letter == 'M' && (word.number == 82 || word.number == 83) && e_relative != (word.number == 83)) {
+      e_relative = word.number == 83;
+      known[e] = false;
+    }
+    if (!KeepsPosition(text)) forget();
+  }
+  // A G92 record makes the positions it names known; a bare one leaves
+  // nothing known, since firmware differ on what it does.
+  void follow(const coor_data& reset) {
+    if (reset.x == no_value && reset.y == no_value && reset.e == no_value && reset.f == no_value) forget();
+    if (reset.x != no_value) set(x, RoundTo5(reset.x));
+    if (reset.y != no_value) set(y, RoundTo5(reset.y));
+    if (reset.e != no_value) set(e, RoundTo5(reset.e));
+  }
 };
 
-// Returns whether a line was written.
-bool write_move(LineSink& sink, const coor_data& record, line_kind kind, bool drop_repeats,
-                LastRounded& last, bool& z_needed, double z) {
-  const LastRounded rounded{RoundTo5(record.x), RoundTo5(record.y), RoundTo5(record.e), RoundTo5(record.f)};
-  coor_data shown = record;
-  if (drop_repeats) {
-    // Values that repeat the previous ones are left out of the line.
-    if (rounded.x == last.x) shown.x = no_value;
-    if (rounded.y == last.y) shown.y = no_value;
-    if (rounded.e == last.e) shown.e = no_value;
-    if (rounded.f == last.f) shown.f = no_value;
+// How the writer chooses a move's fields: a plain save of an untagged file
+// leaves out what the printer already has; a tagged file writes every
+// field whose value is stated or known. Neither writes a value that is
+// neither.
+struct MoveRule {
+  bool all_known;  // tagged export, or any save of a tagged file
+
+  bool write(PrinterState& state, PrinterState::Field field, double value, bool given) const {
+    const double rounded = RoundTo5(value);
+    const bool known = state.known[field];
+    const bool wanted = all_known ? given || known : (given && !known) || (known && rounded != state.last[field]);
+    if (wanted) state.set(field, rounded);
+    return wanted;
   }
+};
+
+// Returns whether a line was written. `layer_start`: the record is the
+// first move of a layer from layer 1 on, where the layer's height goes.
+bool write_move(LineSink& sink, const coor_data& record, line_kind kind, MoveRule rule, PrinterState& state,
+                bool layer_start, double z) {
+  coor_data shown = record;
+  using F = PrinterState::Field;
+  if (!rule.write(state, F::x, record.x, record.given & given_x)) shown.x = no_value;
+  if (!rule.write(state, F::y, record.y, record.given & given_y)) shown.y = no_value;
+  if (record.e_relative) {
+    if (RoundTo5(record.e_delta) == 0 && !(record.given & given_e)) shown.e = no_value;
+  } else if (!rule.write(state, F::e, record.e, record.given & given_e)) {
+    shown.e = no_value;
+  }
+  if (!rule.write(state, F::f, record.f, record.given & given_f)) shown.f = no_value;
+  const bool z_unknown = !state.known[F::z];
+  const bool write_z = (layer_start && (z_unknown || z != state.last[F::z])) || ((record.given & given_z) && z_unknown);
+  if (write_z) state.set(F::z, z);
+
   std::string& s = sink.begin_line();
   const size_t start = s.size();
   s += CoordinateHead(kind);
   AppendFields(s, shown, true);
-  if (z_needed) {
-    insert_z(s, start, z);
-    z_needed = false;
-  }
+  if (write_z) insert_z(s, start, z);
   // A move with nothing left but its G word would not move the machine.
   const bool written = s.size() - start > 3;
   if (written) {
@@ -108,22 +158,17 @@ bool write_move(LineSink& sink, const coor_data& record, line_kind kind, bool dr
   } else {
     sink.drop_line(start);
   }
-  doc.last_coor = record;
-  last = rounded;
   return written;
 }
 
 // Writes the whole document; returns 0 or the errno of a failed write.
 int write_document(int fd, uint8_t mode) {
   LineSink sink(fd);
-  doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
-  doc.current_z = 0;
   doc.decimal_comma = DetectDecimalComma();
   const bool tagging = mode == save_tagged && doc.layer_tagged != 1;
-  const bool drop_repeats = mode != save_tagged && doc.layer_tagged == 0;
+  const MoveRule rule{mode == save_tagged || doc.layer_tagged != 0};
+  PrinterState state;
   int64_t w = 0;
-  bool z_needed = false;
-  LastRounded last;
   for (int32_t L = 0; L < doc.layer_count && sink.error() == 0; ++L) {
     const layer_data& layer = doc.layer(L);
     if (tagging && L >= 1) {
@@ -135,32 +180,21 @@ int write_document(int fd, uint8_t mode) {
       sink.line(L % 2 == 1 ? ";TYPE:FILL" : ";TYPE:WALL-OUTER");
       w += 2;
     }
-    int32_t first = 0;
-    // The G1 Z0 line that every document starts with is not written.
-    if (L == 0 && layer.g_count > 0 && is_coordinate(layer.g[0].kind)) {
-      const coor_data& c = doc.coor(layer.g[0]);
-      if (RoundTo5(c.x) == 0 && RoundTo5(c.y) == 0) first = 1;
-    }
-    for (int32_t j = first; j < layer.g_count; ++j) {
-      if (j == 0) {
-        if (layer.z != doc.current_z) z_needed = true;
-        doc.current_z = layer.z;
-      }
+    bool layer_start = L >= 1;
+    for (int32_t j = 0; j < layer.g_count; ++j) {
       const g_entry& entry = layer.g[static_cast<size_t>(j)];
-      const coor_data* record = entry.kind == line_kind::text ? nullptr : &doc.coor(entry);
       if (entry.kind == line_kind::text) {
-        sink.line(doc.text_list[entry.index]);
+        const std::string_view text = doc.text_list[entry.index];
+        sink.line(text);
+        state.follow(text);
         ++w;
       } else if (entry.kind == line_kind::g92) {
-        coor_data& given = doc.last_coor;
-        if (record->x != no_value) last.x = RoundTo5(given.x = record->x);
-        if (record->y != no_value) last.y = RoundTo5(given.y = record->y);
-        if (record->e != no_value) last.e = RoundTo5(given.e = record->e);
-        if (record->f != no_value) last.f = RoundTo5(given.f = record->f);
+        state.follow(doc.coor(entry));
         sink.line(RecordText(entry, 0, false, true, false));
         ++w;
-      } else if (is_move(entry.kind)) {
-        if (write_move(sink, *record, entry.kind, drop_repeats, last, z_needed, layer.z)) ++w;
+      } else if (is_move(entry.kind) && !is_reset_line(entry)) {
+        if (write_move(sink, doc.coor(entry), entry.kind, rule, state, layer_start, layer.z)) ++w;
+        layer_start = false;
       }
       if (w % 10000 == 0) ShowStatus("Saving GCode line " + std::to_string(w), 1);
     }

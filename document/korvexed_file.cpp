@@ -9,6 +9,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "document/gcode_line.h"
 #include "document/korvexed_general.h"
 #include "document/open_error.h"
 #include "document/piece_reader.h"
@@ -18,26 +19,66 @@ namespace korvexed {
 
 namespace {
 
-void read_piece(std::string_view piece, int64_t& n) {
-  std::string_view line = piece;
-  const std::string_view comment = SplitComment(line);
+// Lines that look like moves but whose numbers cannot be read: the first
+// is named after the load.
+struct Unreadable {
+  int64_t count = 0;
+  int64_t first_line = 0;
+  std::string first_text;
+
+  void add(std::string_view line, int64_t n) {
+    if (count++ > 0) return;
+    first_line = n;
+    first_text = std::string(line.substr(0, utf8_prefix(line, 80)));
+  }
+  // The longest start of `text` of at most `bytes` bytes that does not cut a
+  // character in two.
+  static size_t utf8_prefix(std::string_view text, size_t bytes) {
+    if (text.size() <= bytes) return text.size();
+    while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xc0) == 0x80) --bytes;
+    return bytes;
+  }
+  void report() const {
+    if (count == 0) return;
+    const std::string where = "line " + std::to_string(first_line) + ": " + first_text;
+    platform().message_box(count == 1 ? "1 line could not be read as a move and is kept unchanged as text: " + where
+                                      : std::to_string(count) +
+                                            " lines could not be read as moves and are kept unchanged as text; the "
+                                            "first is " + where,
+                           MsgIcon::exclamation, MsgButtons::ok);
+  }
+};
+
+// Follows the modes a text line switches: extrusion (M82, M83) and
+// relative positioning (G91 until G90), under which every line is text.
+void follow_modes(const CommandWord& word) {
+  if (word.letter == 'M' && (word.number == 82 || word.number == 83)) doc.e_relative = word.number == 83;
+  if (word.is('G', 91)) doc.g91_block = true;
+  if (word.is('G', 90)) doc.g91_block = false;
+}
+
+void read_piece(std::string_view piece, int64_t& n, Unreadable& unreadable, std::string& scratch) {
+  std::string_view code = piece;
+  const std::string_view comment = SplitComment(code);
   ++n;
   if (n % 10000 == 0) ShowStatus("Reading GCode line " + std::to_string(n), 1);
   // Only a ";LAYER:" behind the line's first ";" marks a tagged file.
   if (doc.layer_count <= 4 && doc.layer_tagged == 0 && comment.find(";LAYER:") != std::string_view::npos)
     doc.layer_tagged = 1;
-  const line_kind command = CommandKind(line);
-  if (command == line_kind::text) {
-    AddTextRecord(line, comment);
-    return;
-  }
-  const LineFields fields = ScanFields(line);
-  if (command == line_kind::g92) {
-    AddG92Record(line, fields, comment);
-  } else if (const line_kind kind = ClassifyMove(command, line, fields, doc.current_z); kind == line_kind::layer_change) {
-    AddLayer(line, fields, comment);
+  const CommandWord word = ReadCommandWord(code);
+  const bool in_block = doc.g91_block;
+  follow_modes(word);
+  const ReadLine line = in_block ? ReadLine{} : ReadMoveLine(word, code, comment, scratch);
+  if (line.read != LineRead::move) {
+    if (line.read == LineRead::unreadable) unreadable.add(piece, n);
+    AddTextRecord(piece);
+  } else if (line.kind == line_kind::g92) {
+    AddG92Record(line.fields, line.comment);
+  } else if (const double z = line.fields.value[MoveFields::z]; z != no_value && z != doc.current_z) {
+    doc.current_z = z;
+    AddLayer(line.kind, line.fields, line.comment);
   } else {
-    AddMoveRecord(kind, line, fields, comment);
+    AddMoveRecord(line.kind, line.fields, line.comment);
   }
 }
 
@@ -65,13 +106,12 @@ bool LoadGCode(const std::string& path) {
   ResetDocument(false);
   int64_t n = 0;
   doc.decimal_comma = DetectDecimalComma();
-  std::string error;
+  Unreadable unreadable;
+  std::string error, scratch;
   try {
     PieceReader reader(fd);
     std::string_view piece;
-    while (reader.next(piece)) read_piece(piece, n);
-  } catch (const NumberError& e) {
-    error = e.what();
+    while (reader.next(piece)) read_piece(piece, n, unreadable, scratch);
   } catch (const std::system_error& e) {
     error = std::strerror(e.code().value());
   }
@@ -94,6 +134,7 @@ bool LoadGCode(const std::string& path) {
     }
   }
   ResetDocument(true);
+  unreadable.report();
   return true;
 }
 

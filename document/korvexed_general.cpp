@@ -10,8 +10,6 @@
 
 namespace korvexed {
 
-NumberError::NumberError(std::string_view text) : std::runtime_error(std::string(text) + " is not a number.") {}
-
 std::string_view SplitComment(std::string_view& line) {
   const size_t p = line.find(';');
   if (p == std::string_view::npos) return {};
@@ -20,47 +18,9 @@ std::string_view SplitComment(std::string_view& line) {
   return comment;
 }
 
-line_kind CommandKind(std::string_view line) {
-  if (line.size() < 2) return line_kind::text;
-  if (line.starts_with("G92")) return line_kind::g92;
-  if (line.starts_with("G1 ") || line.starts_with("G01 ")) return line_kind::g1;
-  if (line.starts_with("G0 ") || line.starts_with("G00 ")) return line_kind::g0;
-  return line_kind::text;
-}
-
-line_kind ClassifyMove(line_kind command, std::string_view line, const LineFields& fields, double& current_z) {
-  const double z = FieldValue(line, fields, LineFields::z);
-  if (z != no_value && z != current_z) {
-    current_z = z;
-    return line_kind::layer_change;
-  }
-  return command;
-}
-
-line_kind ClassifyLine(std::string_view line, double& current_z) {
-  const line_kind command = CommandKind(line);
-  return is_move(command) ? ClassifyMove(command, line, ScanFields(line), current_z) : command;
-}
-
 namespace {
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
-bool is_field_char(char c) { return is_digit(c) || c == '.' || c == ',' || c == '-'; }
-
-std::string_view trim_blanks(std::string_view s) {
-  while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
-  while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
-  return s;
-}
-
-[[noreturn]] void not_a_number(std::string_view text, bool comma) {
-  std::string shown(text);
-  if (comma) {
-    const size_t dot = shown.find('.');
-    if (dot != std::string::npos) shown[dot] = ',';
-  }
-  throw NumberError(shown);
-}
 
 // Digits with at most one decimal separator, read from `i` up to the first
 // other character.
@@ -100,28 +60,24 @@ DigitRun read_digits(std::string_view text, size_t i, bool comma) {
 }
 
 // The exact conversion, for texts of more than 15 digits.
-double convert_long(std::string_view body, std::string_view text, bool comma) {
+bool convert_long(std::string_view body, double& value) {
   std::string plain(body);
   const size_t separator = plain.find_first_of(".,");
   if (separator != std::string::npos) plain[separator] = '.';
-  double value = 0;
   const auto [end, ec] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (ec == std::errc::result_out_of_range) {
     // Without an exponent a value of 1 or more cannot underflow: any
     // non-zero integer digit means the number is beyond a double.
     const std::string_view integer = std::string_view(plain).substr(0, separator);
-    if (integer.find_first_not_of('0') != std::string_view::npos) not_a_number(text, comma);
-    return 0;
+    value = 0;
+    return integer.find_first_not_of('0') == std::string_view::npos;
   }
-  if (ec != std::errc() || end != plain.data() + plain.size()) not_a_number(text, comma);
-  return value;
+  return ec == std::errc() && end == plain.data() + plain.size();
 }
 
-// An optional sign, then digits with at most one decimal separator, at
-// least one digit. The separator is "." (or "," and the first "." when the
-// locale writes a decimal comma). Like the locale's conversion, it skips
-// a leading tab; a tab anywhere else is refused.
-double convert_number(std::string_view text, bool comma) {
+}  // namespace
+
+bool ReadNumber(std::string_view text, double& value) {
   std::string_view body = text;
   if (body.starts_with('\t')) body.remove_prefix(1);
   bool negative = false;
@@ -129,78 +85,25 @@ double convert_number(std::string_view text, bool comma) {
     negative = body.front() == '-';
     body.remove_prefix(1);
   }
-  const DigitRun run = read_digits(body, 0, comma);
-  if (run.digits == 0 || run.end != body.size()) not_a_number(text, comma);
-  const double value = run.exact() ? run.value() : convert_long(body, text, comma);
-  return negative ? -value : value;
-}
-
-// The common field of slicer output, "-12.345" with a period and up to 15
-// digits, read in one pass from `i`: false for anything else, which
-// convert_number then reads or rejects.
-bool plain_decimal(std::string_view line, size_t i, double& value, size_t& end) {
-  if (doc.decimal_comma) return false;
-  const bool negative = i < line.size() && line[i] == '-';
-  const DigitRun run = read_digits(line, i + negative, false);
-  if (!run.exact() || (run.end < line.size() && is_field_char(line[run.end]))) return false;
-  value = negative ? -run.value() : run.value();
-  end = run.end;
+  const DigitRun run = read_digits(body, 0, doc.decimal_comma);
+  if (run.digits == 0 || run.end != body.size()) return false;
+  if (run.exact()) {
+    value = run.value();
+  } else if (!convert_long(body, value)) {
+    return false;
+  }
+  if (negative) value = -value;
   return true;
 }
 
-}  // namespace
-
-LineFields ScanFields(std::string_view line) {
-  // Slot of each key letter, plus one; 0 for every other character.
-  static constexpr auto slot_of = [] {
-    std::array<uint8_t, 256> slots{};
-    slots['X'] = 1 + LineFields::x;
-    slots['Y'] = 1 + LineFields::y;
-    slots['Z'] = 1 + LineFields::z;
-    slots['E'] = 1 + LineFields::e;
-    slots['F'] = 1 + LineFields::f;
-    return slots;
-  }();
-  LineFields found;
-  std::fill(std::begin(found.at), std::end(found.at), std::string_view::npos);
-  uint8_t seen = 0;
-  for (size_t i = 3; i < line.size();) {
-    const uint8_t slot = slot_of[static_cast<unsigned char>(line[i])];
-    const uint8_t bit = slot ? static_cast<uint8_t>(1u << (slot - 1)) : 0;
-    if (!bit || (seen & bit)) {
-      ++i;
-      continue;
-    }
-    seen |= bit;
-    found.at[slot - 1] = i;
-    // A number read here is skipped: no key letter stands inside it.
-    if (plain_decimal(line, i + 1, found.value[slot - 1], i)) {
-      found.read |= bit;
-    } else {
-      ++i;
-    }
-  }
-  return found;
-}
-
-double FieldValue(std::string_view line, const LineFields& fields, LineFields::Key key) {
-  return fields.read & (1u << key) ? fields.value[key] : ParseFieldAt(line, fields.at[key]);
-}
-
-double ParseFieldAt(std::string_view line, size_t key_position) {
-  if (key_position == std::string_view::npos) return no_value;
-  double value = 0;
-  if (size_t end = 0; plain_decimal(line, key_position + 1, value, end)) return value;
-  // The character right behind the key is taken whatever it is.
-  const size_t start = std::min(key_position + 1, line.size());
-  size_t stop = key_position + 2;
-  while (stop < line.size() && is_field_char(line[stop])) ++stop;
-  stop = std::min(stop, line.size());
-  return convert_number(trim_blanks(line.substr(start, stop - start)), doc.decimal_comma);
-}
-
-double ParseField(std::string_view line, char key) {
-  return ParseFieldAt(line, line.size() > 3 ? line.find(key, 3) : std::string_view::npos);
+bool ReadPlainDecimal(std::string_view line, size_t i, double& value, size_t& end) {
+  if (doc.decimal_comma) return false;
+  const bool negative = i < line.size() && line[i] == '-';
+  const DigitRun run = read_digits(line, i + negative, false);
+  if (!run.exact()) return false;
+  value = negative ? -run.value() : run.value();
+  end = run.end;
+  return true;
 }
 
 bool DetectDecimalComma() { return platform().locale_decimal_comma(); }

@@ -72,10 +72,8 @@ bool PieceReader::next(std::string_view& piece) {
     if (eol != stop) {
       piece = std::string_view(start, static_cast<size_t>(eol - start));
       begin_ = static_cast<size_t>(eol - buffer_.data()) + 1;
-      if (*eol == '\n') return true;
-      skip_lf_ = true;
-      if (!piece.empty()) return true;
-      continue;
+      skip_lf_ = *eol == '\r';
+      return true;
     }
     if (fill()) continue;
     if (begin_ == end_) return false;

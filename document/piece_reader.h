@@ -5,11 +5,10 @@
 
 namespace korvexed {
 
-// Splits a file into the pieces the loader reads: a line ends at CR, CR LF
-// or the end of the file, and an empty line is dropped; inside a line every
-// LF ends a piece (an empty piece before an LF is kept), and what follows
-// the last LF is a piece only when it is not empty. Reads in blocks, so a
-// file is never held whole in memory.
+// Splits a file into its lines: a line ends at LF, CR LF or a bare CR, and
+// empty lines are kept; what follows the last line end is a line only when
+// it is not empty. Reads in blocks, so a file is never held whole in
+// memory.
 class PieceReader {
  public:
   explicit PieceReader(int fd);

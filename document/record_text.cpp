@@ -18,7 +18,9 @@ void AppendFields(std::string& out, const coor_data& c, bool to_period) {
   // Built on the stack and appended once: this runs for every move saved.
   char buf[4 * (2 + max_number_chars)];
   char* end = buf;
-  const std::pair<char, double> fields[] = {{'X', c.x}, {'Y', c.y}, {'E', c.e}, {'F', c.f}};
+  // A relative move's E word is its own extrusion.
+  const double e = c.e_relative && c.e != no_value ? c.e_delta : c.e;
+  const std::pair<char, double> fields[] = {{'X', c.x}, {'Y', c.y}, {'E', e}, {'F', c.f}};
   for (const auto& [key, value] : fields) {
     if (value == no_value) continue;
     *end++ = ' ';

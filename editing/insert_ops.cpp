@@ -23,6 +23,7 @@ void insert_point(int32_t r, double x, double y) {
   q.x = x;
   q.y = y;
   q.f = m.f;
+  q.e_relative = m.e_relative;
   const double a = dist3_sq(p.x, p.y, layer_z(p_layer), q.x, q.y, layer_z(cur));
   const double b = dist2_sq(q.x, q.y, m.x, m.y);
   // A degenerate move's extrusion is halved between the two pieces.
@@ -38,6 +39,7 @@ void insert_point(int32_t r, double x, double y) {
   }
   q.e = p.e + q.e_delta;
   set_move_length(q, a);
+  q.given = given_x | given_y | (q.no_extrude ? 0 : given_e);
   settle_move(m, q.e, b, cur, r);
   insert_record_before(cur, r);
   doc.coor(cur, r + 1) = m;

@@ -13,6 +13,7 @@ namespace korvexed {
 bool move_marked(double dx, double dy, double de) {
   if (std::fabs(dx) <= negligible && std::fabs(dy) <= negligible && std::fabs(de) <= negligible) return false;
   const int32_t cur = doc.current_layer;
+  const uint8_t moved_fields = given_x | given_y | (std::fabs(de) > negligible ? given_e : 0);
   // Changes of E that ran through to the end of the current layer go on
   // into the later layers in one walk, not one walk per vertex; nothing
   // here reads those layers before the walk, except a next move there.
@@ -27,6 +28,7 @@ bool move_marked(double dx, double dy, double de) {
     int32_t p_layer = cur;
     coor_data p = get_state_before(p_layer, r - 1);
     check_d_delta(p, p_layer, cur, r);
+    doc.mark_given(doc.layer(cur).g[static_cast<size_t>(r)].index, moved_fields);
     coor_data& m = doc.coor(cur, r);
     m.x += dx;
     m.y += dy;
@@ -62,10 +64,12 @@ int32_t change_feedrate(double old_f, double new_f) {
   int32_t changed = 0;
   for (const int32_t r : lists.row_to_g) {
     if (!lists.select_flag[static_cast<size_t>(r)]) continue;
-    coor_data& c = doc.coor(doc.current_layer, r);
+    const int32_t index = doc.layer(doc.current_layer).g[static_cast<size_t>(r)].index;
+    coor_data& c = doc.coor_list[index];
     // An old feedrate of 0 or below stands for every one.
     if ((old_f <= 0 || c.f == old_f) && c.f != new_f) {
       c.f = new_f;
+      doc.mark_given(index, given_f);
       ++changed;
     }
   }

@@ -20,12 +20,13 @@ inline constexpr std::string_view square_gcode =
     "G1 X10 Y0 E4\n"
     "G1 X10 Y10 E5\n";
 
-// square_gcode as Save writes it: repeated values left out, Z in front.
+// square_gcode as Save writes it: values the printer already has left out
+// (Y0 is its first Y), Z in front.
 inline constexpr std::string_view square_saved =
     "; test square\r\n"
     "G92 E0\r\n"
     "G1 Z0.3 F1200\r\n"
-    "G1 X10 E1 ;edge\r\n"
+    "G1 X10 Y0 E1 ;edge\r\n"
     "G1 Y10 E2\r\n"
     "G0 X0\r\n"
     "G1 Y0 E3\r\n"

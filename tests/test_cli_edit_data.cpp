@@ -19,7 +19,7 @@ TEST_F(CliEditData, MoveKeepsTheExtrusionPerMillimetreAndCarriesEOn) {
 
 TEST_F(CliEditData, DeleteVerticesJoinsTheNeighboursAndCarriesEOn) {
   EXPECT_EQ(SavedAfter("layer 1\nselect 3\ndelete-vertices"),
-            (Lines{"; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 E1 ;edge", "G1 Y10 E2", "G1 X0 Y0 E3.41421",
+            (Lines{"; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 Y0 E1 ;edge", "G1 Y10 E2", "G1 X0 Y0 E3.41421",
                    ";comment line", "G1  Z0.6", "G1 X10 E4.41421", "G1 Y10 E5.41421"}));
 }
 
@@ -47,20 +47,22 @@ TEST_F(CliEditData, FeedrateValuesAreClampedAsTheDialogClampsThem) {
 
 TEST_F(CliEditData, KindSetsTheKindOfTheMarkedVertices) {
   EXPECT_EQ(SavedAfter("layer 1\nselect 3 4\nkind G1"), SquareWith({{5, "G1 X0"}}));
-  EXPECT_EQ(SavedAfter("layer 1\nselect 1\nkind G0"), SquareWith({{3, "G0 X10 E1 ;edge"}}));
+  EXPECT_EQ(SavedAfter("layer 1\nselect 1\nkind G0"), SquareWith({{3, "G0 X10 Y0 E1 ;edge"}}));
   EXPECT_EQ(Edit(square_gcode, "layer 1\nkind G2\n"), (CliResult{2, "", "line 2: 'G2' is not G0 or G1\n"}));
 }
 
 TEST_F(CliEditData, InsertPointSplitsAMoveWhereItIsTold) {
   Lines split = SquareWith({});
-  split.insert(split.begin() + 3, "G1 X5 E0.5");
+  split.insert(split.begin() + 3, "G1 X5 Y0 E0.5");  // a new point states where it is
+  split[4] = "G1 X10 E1 ;edge";
   EXPECT_EQ(SavedAfter("layer 1\ninsert-point 1 5 0"), split);
   EXPECT_EQ(SavedAfter("layer 1\ninsert-points 1 1"), split) << "one point goes to the middle";
 }
 
 TEST_F(CliEditData, InsertPointsSpreadsThemEvenly) {
   Lines split = SquareWith({});
-  split.insert(split.begin() + 3, {"G1 X3.33333 E0.33333", "G1 X6.66667 E0.66667"});
+  split.insert(split.begin() + 3, {"G1 X3.33333 Y0 E0.33333", "G1 X6.66667 E0.66667"});
+  split[5] = "G1 X10 E1 ;edge";
   EXPECT_EQ(SavedAfter("layer 1\ninsert-points 1 2"), split);
 
   const CliResult nine = Edit("G1 Z0.2\nG1 X9 E3\n", "layer 1\ninsert-points 1 2\ndump -\n");
@@ -88,15 +90,15 @@ TEST_F(CliEditData, TextReplacesATextRecordVerbatim) {
 }
 
 TEST_F(CliEditData, DeleteLayersLowersTheLaterLayersAndRederivesTheirFirstMove) {
-  EXPECT_EQ(SavedAfter("delete-layers 1"),
-            (Lines{"; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 E1", "G1 Y10 E2"}));
+  // The feedrate went with the deleted layer's line that stated it.
+  EXPECT_EQ(SavedAfter("delete-layers 1"), (Lines{"; test square", "G92 E0", "G1  Z0.3", "G1 X10 Y0 E1", "G1 Y10 E2"}));
   EXPECT_EQ(SavedAfter("delete-layers 1\nlayer 1\nselect all\nkind G0"),
-            (Lines{"; test square", "G92 E0", "G0 Z0.3 F1200", "G0 X10 E1", "G0 Y10 E2"}));
+            (Lines{"; test square", "G92 E0", "G0  Z0.3", "G0 X10 Y0 E1", "G0 Y10 E2"}));
 }
 
 TEST_F(CliEditData, TranslateNeedsNoCurrentLayer) {
   EXPECT_EQ(SavedAfter("delete-layers 2\ntranslate 0 0 -2"),
-            (Lines{"G1 Y-2", "; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 E1 ;edge", "G1 Y8 E2", "G0 X0",
+            (Lines{"; test square", "G92 E0", "G1 Z0.3 F1200", "G1 X10 Y-2 E1 ;edge", "G1 Y8 E2", "G0 X0",
                    "G1 Y-2 E3", ";comment line"}));
 }
 

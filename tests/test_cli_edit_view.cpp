@@ -8,7 +8,7 @@ namespace {
 using CliEditView = CliEdit;
 
 // square_saved's lines of layer 1 with kind G0: records 0, 1, 2 and 4.
-const std::string g0_r0 = "G0 Z0.3 F1200", g0_r1 = "G0 X10 E1 ;edge", g0_r2 = "G0 Y10 E2", g0_r4 = "G0 Y0 E3";
+const std::string g0_r0 = "G0 Z0.3 F1200", g0_r1 = "G0 X10 Y0 E1 ;edge", g0_r2 = "G0 Y10 E2", g0_r4 = "G0 Y0 E3";
 
 TEST_F(CliEditView, AfterTheLoadLayerZeroIsCurrentWithAllOnView) {
   const CliResult result = Edit(square_gcode, "select all\nkind G0\ndump -\n");
@@ -81,7 +81,7 @@ TEST_F(CliEditView, OutputCommandsWriteToStandardOutputInOrder) {
   EXPECT_TRUE(result.out.starts_with("; test square\r\nG92 E0\r\n;Layer count: 2\r\n")) << result.out;
   EXPECT_NE(result.out.find(std::string(square_saved) + "document layers=3 tagged=0\n"), std::string::npos)
       << "the export leaves the document as it was, and the dump follows the save";
-  EXPECT_TRUE(result.out.ends_with("  2 G1 x=10 y=10 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 comment=\n"));
+  EXPECT_TRUE(result.out.ends_with("  2 G1 x=10 y=10 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=\n"));
 }
 
 TEST_F(CliEditView, OutputCommandsWriteFilesAndAFailedWriteLetsTheScriptGoOn) {

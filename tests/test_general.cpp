@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "document/gcode_line.h"
 #include "document/korvexed_general.h"
 
 using namespace korvexed;
@@ -17,13 +18,24 @@ struct CommaLocale {
   ~CommaLocale() { doc.decimal_comma = false; }
 };
 
-std::string parse_error(std::string_view line, char key) {
-  try {
-    ParseField(line, key);
-  } catch (const NumberError& e) {
-    return e.what();
+// A line read as the loader reads it: "text", "unreadable", or its kind
+// and the fields it states ("G1 X10 Y20" as "G1 X10 Y20", G0 and G92 alike),
+// then " ;" and the comment when there is one.
+std::string read(std::string_view line) {
+  std::string_view code = line;
+  const std::string_view comment = SplitComment(code);
+  std::string scratch;
+  const ReadLine r = ReadMoveLine(ReadCommandWord(code), code, comment, scratch);
+  if (r.read == LineRead::text) return "text";
+  if (r.read == LineRead::unreadable) return "unreadable";
+  std::string s = r.kind == line_kind::g0 ? "G0" : r.kind == line_kind::g1 ? "G1" : "G92";
+  for (int key = 0; key < 5; ++key) {
+    if (!(r.fields.given & (1 << key))) continue;
+    s += std::string(" ") + "XYZEF"[key];
+    AppendNumber(s, r.fields.value[key], true);
   }
-  return "(no error)";
+  if (!r.comment.empty()) s.append(" ;").append(r.comment);
+  return s;
 }
 
 // printf's "%.5f" without trailing zeros, separator or minus sign of zero.
@@ -51,63 +63,46 @@ TEST(SplitComment, KeepsBlanksBeforeTheFirstSemicolon) {
   EXPECT_EQ(split("M104 S200"), Split("M104 S200", ""));
 }
 
-TEST(ClassifyLine, RecognisesOnlyExactCommandWords) {
-  double z = 0;
-  for (const char* text : {"G1", "G1\tX5", "g1 X5", " G1 X5", "G10 X5", "M104 S200"})
-    EXPECT_EQ(ClassifyLine(text, z), line_kind::text) << text;
-  const std::pair<const char*, line_kind> moves[] = {{"G92 E0", line_kind::g92}, {"G920", line_kind::g92},
-      {"G1 X5", line_kind::g1}, {"G01 X5", line_kind::g1}, {"G0 X5", line_kind::g0}, {"G00 X5", line_kind::g0}};
-  for (const auto& [text, kind] : moves) EXPECT_EQ(ClassifyLine(text, z), kind) << text;
-  EXPECT_EQ(z, 0);
+TEST(ReadMoveLine, ReadsMovesAsThePrinterDoes) {
+  const std::pair<std::string, std::string> cases[] = {
+      // The command word: after blanks, followed at once by a field, by number.
+      {"G1X10Y20E1", "G1 X10 Y20 E1"}, {"  G1 X10", "G1 X10"}, {"\tG01X5", "G1 X5"}, {"G00 X5", "G0 X5"},
+      {"G1 X5 ;move", "G1 X5 ;move"}, {"G92 E0", "G92 E0"}, {"G92", "G92"}, {"G1 Z.3 F7800", "G1 Z0.3 F7800"},
+      // Numbers with a blank or tab behind the key, signs, bare separators.
+      {"G1 X 12.5", "G1 X12.5"}, {"G1 X\t13 Y8", "G1 X13 Y8"}, {"G1 X+5 Y-3", "G1 X5 Y-3"},
+      {"G1 X.5 Y5.F100", "G1 X0.5 Y5 F100"}, {"G1 X1.5E2", "G1 X1.5 E2"},
+      {"G1 X" + std::string(300, '0') + "12", "G1 X12"},
+      // Parenthesised groups are comments, before the line's own.
+      {"G1 X10 Y10 (Extrude ...)", "G1 X10 Y10 ;(Extrude ...)"}, {"G1 X1 (a) Y2 ;b", "G1 X1 Y2 ;(a);b"},
+      {"G1 X1(a)Y2", "G1 X1 Y2 ;(a)"},
+      // Other commands, bare moves, other words and unclosed groups stay text.
+      {"G1", "text"}, {"G1 ;c", "text"}, {"g1 X5", "text"}, {"G10 X5", "text"}, {"G1.5 X1", "text"},
+      {"G28 X0", "text"}, {"G920", "text"}, {"G92 Z0", "text"}, {"G1 X5 S100", "text"}, {"N10 G1 X5", "text"},
+      {"G1 X5*71", "text"}, {"G1 X1 X2", "text"}, {"G1 x5", "text"}, {"G1 X1 (a", "text"}, {"G1 X1 a)", "text"},
+      {"M104 S200", "text"}, {";G1 X5", "text"}, {"", "text"},
+      // Fields that are not numbers.
+      {"G1 X0 Y{machine_depth}", "unreadable"}, {"G1 X1.2.3", "unreadable"}, {"G1 Xabc", "unreadable"},
+      {"G1 X", "unreadable"}, {"G1 X-", "unreadable"}, {"G1 X1,5", "unreadable"}, {"G92 E{x}", "unreadable"},
+      {"G1 X" + std::string(400, '9'), "unreadable"}};
+  for (const auto& [line, want] : cases) EXPECT_EQ(read(line), want) << line;
+  // Below the smallest double: zero, with its sign.
+  double tiny = 1;
+  EXPECT_TRUE(ReadNumber("-0." + std::string(400, '0') + "1", tiny));
+  EXPECT_EQ(tiny, 0);
+  EXPECT_TRUE(std::signbit(tiny));
 }
 
-TEST(ClassifyLine, ChangesLayerOnlyWhenZDiffers) {
-  double z = 0.2;
-  EXPECT_EQ(ClassifyLine("G1 Z0.2 F300", z), line_kind::g1);
-  EXPECT_EQ(ClassifyLine("G1 Z0.4", z), line_kind::layer_change);
-  EXPECT_EQ(z, 0.4);
-  EXPECT_EQ(ClassifyLine("G0 X1 Z0.6", z), line_kind::layer_change);
-  EXPECT_EQ(z, 0.6);
-  EXPECT_EQ(ClassifyLine("G92 Z5", z), line_kind::g92);
-  EXPECT_EQ(z, 0.6);
-}
-
-TEST(ParseField, ReadsTheFirstOccurrenceFromTheFourthCharacter) {
-  EXPECT_EQ(ParseField("X5", 'X'), no_value);
-  EXPECT_EQ(ParseField("G1 Y2", 'X'), no_value);
-  // The conversion skips a tab right behind the key, as it skips blanks.
-  const std::pair<const char*, double> cases[] = {{"G1 X 12.5", 12.5}, {"G1 X-3 X4", -3}, {"G1 X.5", 0.5},
-      {"G1 X5.", 5}, {"G1 X+5", 5}, {"G1 X7 ", 7}, {"G1 X\t13 Y8", 13}, {"G1 X\t-2.5", -2.5}, {"G1 X1\t3", 1}};
-  for (const auto& [line, value] : cases) EXPECT_EQ(ParseField(line, 'X'), value) << line;
-  EXPECT_EQ(ParseField("G1 X1.5E2", 'X'), 1.5);
-  EXPECT_EQ(ParseField("G1 X1.5E2", 'E'), 2);
-}
-
-TEST(ParseField, RejectsWhatIsNotANumber) {
-  // The line, and the text the error names. A key letter inside another
-  // word behind the command word counts.
-  const std::pair<const char*, const char*> cases[] = {
-      {"G1 X", ""},       {"G1 Xabc", "a"},     {"G1 X-", "-"},     {"G1 X.", "."},   {"G1 X--1", "--1"},
-      {"G1 X1,5", "1,5"}, {"G1 X1.2.3", "1.2.3"}, {"G1 X1-2", "1-2"}, {"G1 X  5", ""},  {"G1 X\t", "\t"},
-      {"G1 X\t\t5", "\t"}, {"G1 X \t5", ""},      {"M117 EXIT", "I"}};
-  for (const auto& [line, bad] : cases) EXPECT_EQ(parse_error(line, 'X'), std::string(bad) + " is not a number.");
-}
-
-TEST(ParseField, KeepsWithinTheRangeOfADouble) {
-  const std::string huge = "G1 X" + std::string(400, '9');
-  EXPECT_EQ(parse_error(huge, 'X'), std::string(400, '9') + " is not a number.");
-  const std::string tiny = "G1 X-0." + std::string(400, '0') + "1";
-  const double value = ParseField(tiny, 'X');
-  EXPECT_EQ(value, 0);
-  EXPECT_TRUE(std::signbit(value));
-  EXPECT_EQ(ParseField("G1 X" + std::string(300, '0') + "12", 'X'), 12);
-}
-
-TEST(ParseField, ReadsTheLocaleSeparator) {
+TEST(ReadMoveLine, ReadsTheLocaleSeparator) {
   CommaLocale comma;
-  EXPECT_EQ(ParseField("G1 X1.5", 'X'), 1.5);
-  EXPECT_EQ(ParseField("G1 X1,5", 'X'), 1.5);
-  EXPECT_EQ(parse_error("G1 X1.5.3", 'X'), "1,5.3 is not a number.");
+  EXPECT_EQ(read("G1 X1.5 Y1,25"), "G1 X1.5 Y1.25");
+  EXPECT_EQ(read("G1 X1.5.3"), "unreadable");
+}
+
+TEST(KeepsPosition, OnlyLinesThatCannotMoveTheHead) {
+  for (const char* line : {"", "  ", "; comment", "G4 P100", "G21", "G90", "M82", "M83", "M104 S200", "M117 Done"})
+    EXPECT_TRUE(KeepsPosition(line)) << line;
+  for (const char* line : {"G28", "G91", "G90.1", "M600", "M0", "M701", "T1", "G1 X5 A2", "(park) G28", "G29"})
+    EXPECT_FALSE(KeepsPosition(line)) << line;
 }
 
 TEST(FormatNumber, AgreesWithPrintfOnTheValuesOfGCode) {

@@ -36,9 +36,10 @@ TEST_F(Load, EmptyFileGivesTheResetLayer) {
   EXPECT_TRUE(IsDocumentLoaded());
 }
 
-TEST_F(Load, SplitsLinesAtCrCrLfAndLf) {
+TEST_F(Load, KeepsEmptyLinesAtEveryLineEnd) {
   load_text("A\r\nB\r\rC\rD\nE\n\nF\n\r\n\nG");
-  EXPECT_EQ(entries(), "L0\nD0> G1 X0 Y0 E0 F0\nU1> A\nU2> B\nU3> C\nU4> D\nU5> E\nU6> \nU7> F\nU8> \nU9> G\n");
+  EXPECT_EQ(entries(),
+            "L0\nD0> G1 X0 Y0 E0 F0\nU1> A\nU2> B\nU3> \nU4> C\nU5> D\nU6> E\nU7> \nU8> F\nU9> \nU10> \nU11> G\n");
 
   const std::string with_lf = (load_text("G1 X1 Y2\nM104 S200\nG1 X3\n"), entries());
   const std::string with_crlf = (load_text("G1 X1 Y2\r\nM104 S200\r\nG1 X3\r\n"), entries());
@@ -59,8 +60,8 @@ TEST_F(Load, StartsALayerAtEveryChangeOfZ) {
   EXPECT_EQ(doc.layer(1).dz, 0.3);
   EXPECT_EQ(doc.layer(2).dz, 0.6 - 0.3);
   EXPECT_EQ(doc.layer(1).g[0].kind, line_kind::g1);
-  // A layer started by G01 is kept as a travel move; an ordinary G01 line is G1.
-  EXPECT_EQ(doc.layer(3).g[0].kind, line_kind::g0);
+  // A layer keeps the kind that its first line states.
+  EXPECT_EQ(doc.layer(3).g[0].kind, line_kind::g1);
   EXPECT_EQ(doc.layer(3).g[1].kind, line_kind::g1);
   // The first move of a layer climbs from the layer before.
   EXPECT_DOUBLE_EQ(doc.coor(1, 0).d_delta, 0.09);
@@ -87,15 +88,23 @@ TEST_F(Load, DetectsTagsOnlyBehindTheFirstSemicolonOfTheFirstLayers) {
   for (const auto& [text, tagged] : cases) EXPECT_EQ((load_text(text), doc.layer_tagged), tagged) << text;
 }
 
-TEST_F(Load, StopsAtAMalformedNumberAndEmptiesTheDocument) {
+TEST_F(Load, KeepsMovesWithUnreadableNumbersAsTextAndNamesTheFirst) {
   std::string text;
-  for (int i = 0; i < 11; ++i) text += "G1 X" + std::to_string(i) + "\n";
-  text += "G1 Xabc\n";
-  EXPECT_FALSE(LoadGCode(write("bad.gcode", text)));
-  EXPECT_EQ(last_message(), "Error while reading GCode file at line 12: a is not a number.");
-  EXPECT_EQ(doc.layer_count, 1);
-  EXPECT_EQ(doc.layer(0).g_count, 1);
-  EXPECT_FALSE(IsDocumentLoaded());
+  for (int i = 0; i < 10; ++i) text += "G1 X" + std::to_string(i) + "\n";
+  text += "G91\nG1 Xabc\nG90\nG1 Y{machine_depth}\n";
+  EXPECT_TRUE(LoadGCode(write("bad.gcode", text)));
+  EXPECT_EQ(last_message(), "1 line could not be read as a move and is kept unchanged as text: line 14: G1 Y{machine_depth}");
+  EXPECT_EQ(doc.text_list[doc.layer(0).g[14].index], "G1 Y{machine_depth}");
+  EXPECT_EQ(doc.layer(0).coor_count, 11);
+  EXPECT_TRUE(IsDocumentLoaded());
+
+  const std::string long_line = "G92 E" + std::string(100, '?');
+  load_text("G1 X1.2.3\n" + long_line + "\nG1 X2\n");
+  EXPECT_EQ(last_message(), "2 lines could not be read as moves and are kept unchanged as text; the first is line 1: "
+                            "G1 X1.2.3");
+  load_text("M117\n" + long_line + "\n");
+  EXPECT_EQ(last_message(), "1 line could not be read as a move and is kept unchanged as text: line 2: " +
+                                long_line.substr(0, 80));
 }
 
 TEST_F(Load, ReadsATabBehindAKeyLetter) {

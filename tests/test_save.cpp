@@ -4,6 +4,7 @@
 #include <string>
 
 #include "document/korvexed_file.h"
+#include "editing/korvexed_data.h"
 #include "tests/file_fixture.h"
 #include "tests/file_size_limit.h"
 
@@ -30,22 +31,20 @@ TEST_F(Save, RecordTextLeavesOutTheCommentOfAMoveOnlyWhenAsked) {
   EXPECT_EQ(RecordText(doc.layer(0).g[2], 3, true, true, true), "U3> M104 S200 ;hot");
 }
 
-TEST_F(Save, TaggedFileGetsNoNewTagsAndEveryValue) {
+TEST_F(Save, TaggedFileGetsNoNewTagsAndEveryKnownValue) {
   load_text("G1 X1 ;;LAYER:0\nG1 X1 Y0\nG1 Z0.3\n");
   ASSERT_EQ(doc.layer_tagged, 1);
-  const std::string expected = "G1 X1 Y0 E0 F0 ;;LAYER:0\r\nG1 X1 Y0 E0 F0\r\nG1 X1 Y0 Z0.3 E0 F0\r\n";
+  const std::string expected = "G1 X1 ;;LAYER:0\r\nG1 X1 Y0\r\nG1 X1 Y0 Z0.3\r\n";
   EXPECT_EQ(saved(save_tagged), expected);
   EXPECT_EQ(saved(save_plain), expected);
 }
 
-TEST_F(Save, WritesTheFirstLineOfLayerZeroUnlessItIsTheResetMove) {
-  load_text("M107\n");
-  std::swap(doc.layer(0).g[0], doc.layer(0).g[1]);  // a text line first
-  EXPECT_EQ(saved(), "M107\r\n");
-
+TEST_F(Save, NeverWritesTheResetMove) {
   load_text("G92 X5 Y0\n");
   std::swap(doc.layer(0).g[0], doc.layer(0).g[1]);  // a G92 that moves the origin first
-  EXPECT_EQ(saved(), "G92 X5 Y0\r\nG1 X0\r\n");
+  EXPECT_EQ(saved(), "G92 X5 Y0\r\n");
+  translate_all(30, 10, 20);
+  EXPECT_EQ(saved(), "G92 X5 Y0\r\n");
 }
 
 TEST_F(Save, ReportsProgressEveryTenThousandLines) {
