@@ -23,9 +23,10 @@ struct PrinterMove {
 // that changes nothing is not listed; an arc with a centre always is.
 std::vector<PrinterMove> RunPrinter(std::string_view gcode);
 
-// "" when both have the same moves with targets, centres and filament
-// changes equal to `tolerance` (NaN equals NaN); otherwise a one-line
-// description of the first difference (index, both line numbers, both moves).
+// "" when both have the same moves, of the same kinds, with targets, centres
+// and filament changes equal to `tolerance` (NaN equals NaN; line numbers
+// are not compared); otherwise a one-line description of the first
+// difference (index, both line numbers, both moves).
 std::string CompareMotion(const std::vector<PrinterMove>& a, const std::vector<PrinterMove>& b,
                           double tolerance = 1e-5);
 
