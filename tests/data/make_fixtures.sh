@@ -33,21 +33,42 @@ python3 "$models/make_models.py" "$models"
 
 common=(--layer-height 0.3 --first-layer-height 0.3 --retract-length 2)
 
-# Slic3r 1.3: its defaults; the ring with a comment behind every move.
+# Slic3r 1.3: its defaults; the ring with a comment behind every move; the
+# prism with relative E and comments.
 slic3r --no-gui "${common[@]}" --output "$here/slic3r_box.gcode" "$models/box.stl"
 slic3r --no-gui "${common[@]}" --gcode-comments --output "$here/slic3r_ring.gcode" "$models/ring.stl"
+slic3r --no-gui "${common[@]}" --use-relative-e-distances --gcode-comments \
+  --output "$here/slic3r_rel.gcode" "$models/prism.stl"
 
-# PrusaSlicer 2.5: absolute E; the ring with relative E and G92 E0 at every layer.
+# PrusaSlicer 2.5: absolute E; then relative E, which it only writes with
+# G92 E0 at every layer: the ring, also with a 0.4 mm lift on every
+# retraction, and a spiral vase (one wall, no infill, no top).
+relative=(--use-relative-e-distances --layer-gcode 'G92 E0')
 prusa-slicer --export-gcode "${common[@]}" --output "$here/prusa_prism.gcode" "$models/prism.stl"
-prusa-slicer --export-gcode "${common[@]}" --use-relative-e-distances --layer-gcode 'G92 E0' \
-  --output "$here/prusa_ring.gcode" "$models/ring.stl"
+prusa-slicer --export-gcode "${common[@]}" "${relative[@]}" --output "$here/prusa_ring.gcode" "$models/ring.stl"
+prusa-slicer --export-gcode "${common[@]}" "${relative[@]}" --retract-lift 0.4 \
+  --output "$here/prusa_zhop_rel.gcode" "$models/ring.stl"
+prusa-slicer --export-gcode "${common[@]}" "${relative[@]}" --spiral-vase --perimeters 1 --top-solid-layers 0 \
+  --fill-density 0 --output "$here/prusa_vase.gcode" "$models/vase.stl"
 
-# CuraEngine 4.13 over Cura's generic printer.
+# CuraEngine 4.13 over Cura's generic printer, run in models/ so that its
+# ;MESH: lines name the model alone, wherever the checkout is.
 cura=(-j "$definitions/fdmprinter.def.json" -s layer_height=0.3 -s layer_height_0=0.3
       -s retraction_enable=true -s retraction_amount=2 -s material_diameter=1.75)
 export CURA_ENGINE_SEARCH_PATH="$definitions:$extruders"
-CuraEngine slice "${cura[@]}" -e0 -l "$models/box.stl" -o "$here/cura_box.gcode" 2>"$work/cura.log"
-CuraEngine slice "${cura[@]}" -s infill_pattern=zigzag -s infill_sparse_density=30 \
-  -e0 -l "$models/ring.stl" -o "$here/cura_ring.gcode" 2>"$work/cura.log"
+cura_slice() {  # MODEL OUTPUT [-s SETTING=VALUE...]
+  local model="$1" output="$2"
+  shift 2
+  (cd "$models" && CuraEngine slice "${cura[@]}" "$@" -e0 -l "$model" -o "$here/$output") 2>"$work/cura.log"
+}
+cura_slice box.stl cura_box.gcode
+cura_slice ring.stl cura_ring.gcode -s infill_pattern=zigzag -s infill_sparse_density=30
+# Relative E with a lift on every retraction; combing off, so that travels
+# retract (and lift) instead of staying inside the part.
+cura_slice ring.stl cura_zhop_rel.gcode -s relative_extrusion=true -s retraction_hop_enabled=true \
+  -s retraction_combing=off
+# A spiral with relative E, over 3 bottom layers instead of Cura's 6 to keep the file small.
+cura_slice vase.stl cura_vase.gcode -s relative_extrusion=true -s magic_spiralize=true -s bottom_layers=3 \
+  -s initial_bottom_layers=3
 
 ls -l "$here"/*.gcode

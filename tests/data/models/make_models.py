@@ -4,6 +4,7 @@
 box.stl       a 20 x 20 x 3 mm block
 prism.stl     a 24-sided prism, 16 mm across and 3 mm high (a coarse cylinder)
 ring.stl      a 20 x 20 x 2.4 mm square ring with a 10 x 10 mm hole
+vase.stl      a 32-sided prism, 20 mm across and 12 mm high, for spiral (vase) prints
 """
 import math
 import pathlib
@@ -65,6 +66,12 @@ def square(cx, cy, half):
     return [(cx - half, cy - half), (cx + half, cy - half), (cx + half, cy + half), (cx - half, cy + half)]
 
 
+def polygon(sides, radius):
+    """A regular polygon around (radius, radius), counter-clockwise."""
+    return [(radius + radius * math.cos(2 * math.pi * i / sides), radius + radius * math.sin(2 * math.pi * i / sides))
+            for i in range(sides)]
+
+
 def write(path, name, lines):
     path.write_text("solid %s\n%s\nendsolid %s\n" % (name, "\n".join(lines), name))
 
@@ -76,12 +83,15 @@ def main(folder):
     caps_convex(lines, box, 3)
     write(folder / "box.stl", "box", lines)
 
-    sides = 24
-    circle = [(8 + 8 * math.cos(2 * math.pi * i / sides), 8 + 8 * math.sin(2 * math.pi * i / sides))
-              for i in range(sides)]
+    circle = polygon(24, 8)
     lines = prism(circle, [], 3)
     caps_convex(lines, circle, 3)
     write(folder / "prism.stl", "prism", lines)
+
+    circle = polygon(32, 10)
+    lines = prism(circle, [], 12)
+    caps_convex(lines, circle, 12)
+    write(folder / "vase.stl", "vase", lines)
 
     outer, inner = square(10, 10, 10), square(10, 10, 5)
     lines = prism(outer, [inner[::-1]], 2.4)
