@@ -1,6 +1,8 @@
 #include "document/gcode_line.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 
 #include "document/korvexed_general.h"
 
@@ -12,22 +14,22 @@ bool is_blank(char c) { return c == ' ' || c == '\t'; }
 bool is_capital(char c) { return c >= 'A' && c <= 'Z'; }
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
-// A field's number runs up to the next blank, key letter or checksum.
-bool ends_number(char c) { return is_blank(c) || is_capital(c) || c == '*'; }
-
-int key_of(char c) {
-  switch (c) {
-    case 'X': return MoveFields::x;
-    case 'Y': return MoveFields::y;
-    case 'Z': return MoveFields::z;
-    case 'E': return MoveFields::e;
-    case 'F': return MoveFields::f;
-    default: return -1;
-  }
-}
+// A field's number runs up to the next blank, key letter, checksum or group.
+bool ends_number(char c) { return is_blank(c) || is_capital(c) || c == '*' || c == '(' || c == ')'; }
 
 constexpr uint8_t bit(int key) { return static_cast<uint8_t>(1u << key); }
 constexpr uint8_t all_keys = 0x1f;
+
+// The field bit of each key letter; 0 for every other character.
+constexpr auto key_bits = [] {
+  std::array<uint8_t, 256> bits{};
+  bits['X'] = bit(MoveFields::x);
+  bits['Y'] = bit(MoveFields::y);
+  bits['Z'] = bit(MoveFields::z);
+  bits['E'] = bit(MoveFields::e);
+  bits['F'] = bit(MoveFields::f);
+  return bits;
+}();
 
 // The line without its parenthesised groups, which are gathered into
 // `groups`, each group's place left as a blank. False for a "(" that is
@@ -56,8 +58,9 @@ bool read_fields(std::string_view body, uint8_t allowed, MoveFields& fields, boo
       ++i;
       continue;
     }
-    const int key = key_of(body[i]);
-    if (key < 0 || !(allowed & bit(key)) || (fields.given & bit(key))) return false;
+    const uint8_t key_bit = key_bits[static_cast<unsigned char>(body[i])];
+    if (!(allowed & key_bit) || (fields.given & key_bit)) return false;
+    const int key = std::countr_zero(key_bit);
     ++i;
     while (i < body.size() && is_blank(body[i])) ++i;
     double value = 0;
@@ -71,7 +74,7 @@ bool read_fields(std::string_view body, uint8_t allowed, MoveFields& fields, boo
       i = end;
     }
     fields.value[key] = value;
-    fields.given |= bit(key);
+    fields.given |= key_bit;
   }
   return true;
 }
@@ -80,6 +83,9 @@ bool read_fields(std::string_view body, uint8_t allowed, MoveFields& fields, boo
 
 CommandWord ReadCommandWord(std::string_view line) {
   CommandWord word;
+  // Most lines of a print begin "G1 ".
+  if (line.size() > 3 && line[0] == 'G' && (line[1] == '1' || line[1] == '0') && line[2] == ' ')
+    return {'G', line[1] - '0', 2};
   size_t i = 0;
   while (i < line.size() && is_blank(line[i])) ++i;
   if (i == line.size() || !is_capital(line[i])) return word;
@@ -107,19 +113,21 @@ ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::strin
   ReadLine line;
   const line_kind kind = CoordinateCommand(word);
   if (kind == line_kind::text) return line;
-  std::string_view body = code.substr(word.end);
-  line.comment = comment;
-  std::string plain;
-  if (body.find_first_of("()") != std::string_view::npos) {
-    scratch.clear();
-    if (!take_groups(body, plain, scratch)) return line;
-    if (!comment.empty()) scratch.append(";").append(comment);
-    body = plain;
-    line.comment = scratch;
-  }
+  const std::string_view body = code.substr(word.end);
   const uint8_t allowed = kind == line_kind::g92 ? all_keys & ~bit(MoveFields::z) : all_keys;
   bool unreadable = false;
-  if (!read_fields(body, allowed, line.fields, unreadable)) return line;
+  line.comment = comment;
+  if (!read_fields(body, allowed, line.fields, unreadable)) {
+    // Parenthesised groups are rare: the line is read again without them.
+    std::string plain;
+    scratch.clear();
+    if (body.find('(') == std::string_view::npos || !take_groups(body, plain, scratch)) return line;
+    if (!comment.empty()) scratch.append(";").append(comment);
+    line.comment = scratch;
+    line.fields = MoveFields{};
+    unreadable = false;
+    if (!read_fields(plain, allowed, line.fields, unreadable)) return line;
+  }
   // A G1 that states nothing is no move; a bare G92 is kept as a reset.
   if (line.fields.given == 0 && kind != line_kind::g92) return line;
   line.read = unreadable ? LineRead::unreadable : LineRead::move;
@@ -127,10 +135,11 @@ ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::strin
   return line;
 }
 
-bool KeepsPosition(std::string_view line) {
-  const size_t first = line.find_first_not_of(" \t");
-  if (first == std::string_view::npos || line[first] == ';') return true;
-  const CommandWord word = ReadCommandWord(line);
+bool KeepsPosition(std::string_view line, const CommandWord& word) {
+  if (word.letter == 0) {
+    const size_t first = line.find_first_not_of(" \t");
+    return first == std::string_view::npos || line[first] == ';';
+  }
   if (word.number < 0) return false;
   if (word.letter == 'G') return word.number == 4 || word.number == 21 || word.number == 90;
   if (word.letter != 'M') return false;

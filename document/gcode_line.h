@@ -50,9 +50,9 @@ ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::strin
 // The command of a G0/G1 or G92 word, or text.
 line_kind CoordinateCommand(const CommandWord& word);
 
-// Whether a text line leaves the printer's position as it was: blank and
-// comment lines, dwell, units, absolute positioning, extrusion modes and
-// the M-codes that move nothing.
-bool KeepsPosition(std::string_view line);
+// Whether a text line, with its command word, leaves the printer's
+// position as it was: blank and comment lines, dwell, units, absolute
+// positioning, extrusion modes and the M-codes that move nothing.
+bool KeepsPosition(std::string_view line, const CommandWord& word);
 
 }  // namespace korvexed

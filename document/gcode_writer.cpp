@@ -95,7 +95,7 @@ struct PrinterState {
       e_relative = word.number == 83;
       known[e] = false;
     }
-    if (!KeepsPosition(text)) forget();
+    if (!KeepsPosition(text, word)) forget();
   }
   // A G92 record makes the positions it names known; a bare one leaves
   // nothing known, since firmware differ on what it does.

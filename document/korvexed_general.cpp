@@ -20,45 +20,6 @@ std::string_view SplitComment(std::string_view& line) {
 
 namespace {
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
-// Digits with at most one decimal separator, read from `i` up to the first
-// other character.
-struct DigitRun {
-  uint64_t mantissa = 0;
-  int digits = 0;
-  int decimals = 0;
-  size_t end = 0;
-
-  // Up to 15 digits the mantissa and the power of ten are exact, so one
-  // division gives the correctly rounded value.
-  bool exact() const { return digits > 0 && digits <= 15; }
-  double value() const {
-    static constexpr double powers_of_ten[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7,
-                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    return static_cast<double>(mantissa) / powers_of_ten[decimals];
-  }
-};
-
-DigitRun read_digits(std::string_view text, size_t i, bool comma) {
-  DigitRun run;
-  bool separator = false;
-  for (; i < text.size(); ++i) {
-    const char c = text[i];
-    if (is_digit(c)) {
-      run.mantissa = run.mantissa * 10 + static_cast<uint64_t>(c - '0');
-      ++run.digits;
-      run.decimals += separator;
-    } else if (!separator && (c == '.' || (comma && c == ','))) {
-      separator = true;
-    } else {
-      break;
-    }
-  }
-  run.end = i;
-  return run;
-}
-
 // The exact conversion, for texts of more than 15 digits.
 bool convert_long(std::string_view body, double& value) {
   std::string plain(body);
@@ -85,7 +46,7 @@ bool ReadNumber(std::string_view text, double& value) {
     negative = body.front() == '-';
     body.remove_prefix(1);
   }
-  const DigitRun run = read_digits(body, 0, doc.decimal_comma);
+  const DigitRun run = ReadDigits(body, 0, doc.decimal_comma);
   if (run.digits == 0 || run.end != body.size()) return false;
   if (run.exact()) {
     value = run.value();
@@ -93,16 +54,6 @@ bool ReadNumber(std::string_view text, double& value) {
     return false;
   }
   if (negative) value = -value;
-  return true;
-}
-
-bool ReadPlainDecimal(std::string_view line, size_t i, double& value, size_t& end) {
-  if (doc.decimal_comma) return false;
-  const bool negative = i < line.size() && line[i] == '-';
-  const DigitRun run = read_digits(line, i + negative, false);
-  if (!run.exact()) return false;
-  value = negative ? -run.value() : run.value();
-  end = run.end;
   return true;
 }
 

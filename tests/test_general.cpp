@@ -100,9 +100,9 @@ TEST(ReadMoveLine, ReadsTheLocaleSeparator) {
 
 TEST(KeepsPosition, OnlyLinesThatCannotMoveTheHead) {
   for (const char* line : {"", "  ", "; comment", "G4 P100", "G21", "G90", "M82", "M83", "M104 S200", "M117 Done"})
-    EXPECT_TRUE(KeepsPosition(line)) << line;
+    EXPECT_TRUE(KeepsPosition(line, ReadCommandWord(line))) << line;
   for (const char* line : {"G28", "G91", "G90.1", "M600", "M0", "M701", "T1", "G1 X5 A2", "(park) G28", "G29"})
-    EXPECT_FALSE(KeepsPosition(line)) << line;
+    EXPECT_FALSE(KeepsPosition(line, ReadCommandWord(line))) << line;
 }
 
 TEST(FormatNumber, AgreesWithPrintfOnTheValuesOfGCode) {
