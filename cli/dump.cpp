@@ -36,6 +36,10 @@ std::string_view KindName(line_kind kind) {
       return "G0";
     case line_kind::g92:
       return "G92";
+    case line_kind::g2:
+      return "G2";
+    case line_kind::g3:
+      return "G3";
     default:
       return "G1";
   }
@@ -60,6 +64,11 @@ void AppendEntry(std::string& out, int32_t j, const g_entry& entry) {
   out.append(KindName(entry.kind));
   AppendField(out, "x", c.x);
   AppendField(out, "y", c.y);
+  if (is_arc(entry.kind)) {
+    const arc_data& centre = doc.arc(entry.index);
+    AppendField(out, "i", centre.i);
+    AppendField(out, "j", centre.j);
+  }
   AppendField(out, "e", c.e);
   AppendField(out, "f", c.f);
   AppendField(out, "e_delta", c.e_delta);

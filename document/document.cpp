@@ -1,5 +1,7 @@
 #include "document/document.h"
 
+#include <algorithm>
+
 #include "document/gcode_line.h"
 #include "editing/list_state.h"
 #include "platform/platform.h"
@@ -29,6 +31,29 @@ uint32_t Document::add_comment(std::string_view text) {
   if (text.empty()) return 0;
   const uint32_t last = comment_list.size() - 1;
   return last > 0 && comment_list[last] == text ? last : comment_list.add(text);
+}
+
+arc_data& Document::arc(int32_t index) {
+  arc_data* const first = arc_list.data();
+  return *std::lower_bound(first, first + arc_count, index,
+                           [](const arc_data& a, int32_t wanted) { return a.index < wanted; });
+}
+
+void Document::add_arc(int32_t index, double i, double j) {
+  arc_list.reserve(arc_count + 1);
+  arc_list.data()[arc_count++] = {index, i, j};
+}
+
+Arc Document::arc_from(PlanePoint from, const g_entry& entry) {
+  const coor_data& m = coor(entry);
+  const arc_data& centre = arc(entry.index);
+  return {from, {m.x, m.y}, centre.i, centre.j, entry.kind == line_kind::g2};
+}
+
+double Document::plane_length_sq(PlanePoint from, const g_entry& entry) {
+  if (is_arc(entry.kind)) return arc_from(from, entry).length_sq();
+  const coor_data& m = coor(entry);
+  return (from.x - m.x) * (from.x - m.x) + (from.y - m.y) * (from.y - m.y);
 }
 
 namespace {
@@ -91,7 +116,7 @@ void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view co
   c.x = last.x;
   c.y = last.y;
   c.f = last.f;
-  c.given = fields.given;
+  c.given = fields.given & (given_x | given_y | given_z | given_e | given_f);
   c.e_relative = doc.e_relative;
   c.comment = doc.add_comment(comment);
   // In relative extrusion the E word is the move's own extrusion; either
@@ -101,7 +126,9 @@ void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view co
   c.e_delta = !has_e ? 0 : doc.e_relative ? e_word : e_word - e_before;
   c.e = has_e && !doc.e_relative ? e_word : e_before + c.e_delta;
   doc.last_coor.e = c.e;
-  c.d_delta = (prev_x - c.x) * (prev_x - c.x) + (prev_y - c.y) * (prev_y - c.y);
+  const g_entry& entry = layer->g[static_cast<size_t>(layer->g_count - 1)];
+  if (is_arc(kind)) doc.add_arc(entry.index, fields.value[MoveFields::i], fields.value[MoveFields::j]);
+  c.d_delta = doc.plane_length_sq({prev_x, prev_y}, entry);
   if (layer->coor_count < 1 && doc.layer_count > 1) {
     // The first move of a layer also climbs from the layer before.
     const double rise = doc.layer(doc.layer_count - 2).z - layer->z;
@@ -146,6 +173,8 @@ void ResetDocument(bool loaded) {
   doc.current_z = 0;
   doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
   doc.e_relative = doc.g91_block = false;
+  doc.arcs_in_plane = true;
+  doc.arc_count = 0;
   doc.text_list.clear();
   doc.comment_list.clear();
   doc.comment_list.add("");

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "document/arc_geometry.h"
 #include "document/block_pool.h"
 #include "document/entry_array.h"
 #include "document/reserved_array.h"
@@ -14,7 +15,9 @@
 
 namespace korvexed {
 
-inline bool is_move(line_kind k) { return k == line_kind::g1 || k == line_kind::g0; }
+inline bool is_arc(line_kind k) { return k == line_kind::g2 || k == line_kind::g3; }
+// A move ends at a vertex: G0/G1 lines and arcs.
+inline bool is_move(line_kind k) { return k == line_kind::g1 || k == line_kind::g0 || is_arc(k); }
 inline bool is_coordinate(line_kind k) { return is_move(k) || k == line_kind::g92; }
 
 // A field that a G92 line does not name; tested by exact equality.
@@ -49,6 +52,14 @@ static_assert(sizeof(coor_data) == 56);
 inline constexpr int32_t reset_record = 0;
 inline bool is_reset_line(const g_entry& entry) { return entry.index == reset_record && entry.kind != line_kind::text; }
 
+// The centre of an arc record, as its offset from the arc's start. Only
+// arcs pay for it: the table is kept in the order of the record indices,
+// which only grow.
+struct arc_data {
+  int32_t index;
+  double i, j;
+};
+
 struct layer_data {
   double z = 0;
   EntryArray g;
@@ -69,6 +80,9 @@ struct Document {
   TextList text_list;
   int32_t text_list_count = 0;
 
+  ReservedArray<arc_data> arc_list;
+  size_t arc_count = 0;
+
   // The comments of coordinate records; id 0 is the empty comment.
   TextArena comment_list;
   // The layers' entries while a file is read, each layer packed behind the
@@ -88,6 +102,7 @@ struct Document {
   bool data_limit_hit = false;
   bool e_relative = false;  // M83 in force
   bool g91_block = false;   // G91 in force: lines are kept as text
+  bool arcs_in_plane = true;  // G17, not G18 or G19: arcs are in X and Y
 
   int32_t layer_capacity() const { return static_cast<int32_t>(layer_list.size()); }
 
@@ -103,6 +118,16 @@ struct Document {
   // The id of a record's comment; a run of moves with the same comment
   // shares one copy.
   uint32_t add_comment(std::string_view text);
+  // The centre of arc record `index`, which must be one.
+  arc_data& arc(int32_t index);
+  // The centre of a new arc record (of an index above every arc's before).
+  void add_arc(int32_t index, double i, double j);
+  // The arc that move entry `entry` draws from `from`.
+  Arc arc_from(PlanePoint from, const g_entry& entry);
+  // The squared length in the plane of move entry `entry` from `from`
+  // (along the arc for an arc).
+  double plane_length_sq(PlanePoint from, const g_entry& entry);
+
   // An edit set these fields of record `index` on purpose (never those of
   // the reset line, which no file states).
   void mark_given(int32_t index, uint8_t fields) {

@@ -5,7 +5,8 @@
 
 namespace korvexed {
 
-enum class line_kind : uint8_t { text = 0, layer_change = 1, g1 = 2, g0 = 3, g92 = 4 };
+// g2 and g3 are arcs, clockwise and counter-clockwise.
+enum class line_kind : uint8_t { text = 0, layer_change = 1, g1 = 2, g0 = 3, g92 = 4, g2 = 5, g3 = 6 };
 
 struct g_entry {
   line_kind kind = line_kind::text;

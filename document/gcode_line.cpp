@@ -18,7 +18,9 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 bool ends_number(char c) { return is_blank(c) || is_capital(c) || c == '*' || c == '(' || c == ')'; }
 
 constexpr uint8_t bit(int key) { return static_cast<uint8_t>(1u << key); }
-constexpr uint8_t all_keys = 0x1f;
+constexpr uint8_t line_keys = 0x1f;  // X Y Z E F
+constexpr uint8_t reset_keys = line_keys & ~bit(MoveFields::z);
+constexpr uint8_t arc_keys = 0xff;  // and I J R
 
 // The field bit of each key letter; 0 for every other character.
 constexpr auto key_bits = [] {
@@ -28,6 +30,9 @@ constexpr auto key_bits = [] {
   bits['Z'] = bit(MoveFields::z);
   bits['E'] = bit(MoveFields::e);
   bits['F'] = bit(MoveFields::f);
+  bits['I'] = bit(MoveFields::i);
+  bits['J'] = bit(MoveFields::j);
+  bits['R'] = bit(MoveFields::r);
   return bits;
 }();
 
@@ -84,7 +89,7 @@ bool read_fields(std::string_view body, uint8_t allowed, MoveFields& fields, boo
 CommandWord ReadCommandWord(std::string_view line) {
   CommandWord word;
   // Most lines of a print begin "G1 ".
-  if (line.size() > 3 && line[0] == 'G' && (line[1] == '1' || line[1] == '0') && line[2] == ' ')
+  if (line.size() > 3 && line[0] == 'G' && line[1] >= '0' && line[1] <= '3' && line[2] == ' ')
     return {'G', line[1] - '0', 2};
   size_t i = 0;
   while (i < line.size() && is_blank(line[i])) ++i;
@@ -104,6 +109,8 @@ line_kind CoordinateCommand(const CommandWord& word) {
   switch (word.number) {
     case 0: return line_kind::g0;
     case 1: return line_kind::g1;
+    case 2: return line_kind::g2;
+    case 3: return line_kind::g3;
     case 92: return line_kind::g92;
     default: return line_kind::text;
   }
@@ -114,7 +121,7 @@ ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::strin
   const line_kind kind = CoordinateCommand(word);
   if (kind == line_kind::text) return line;
   const std::string_view body = code.substr(word.end);
-  const uint8_t allowed = kind == line_kind::g92 ? all_keys & ~bit(MoveFields::z) : all_keys;
+  const uint8_t allowed = kind == line_kind::g92 ? reset_keys : is_arc(kind) ? arc_keys : line_keys;
   bool unreadable = false;
   line.comment = comment;
   if (!read_fields(body, allowed, line.fields, unreadable)) {
@@ -130,6 +137,8 @@ ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::strin
   }
   // A G1 that states nothing is no move; a bare G92 is kept as a reset.
   if (line.fields.given == 0 && kind != line_kind::g92) return line;
+  // Firmware disagree on which of R and I/J wins.
+  if (line.fields.has(MoveFields::r) && (line.fields.has(MoveFields::i) || line.fields.has(MoveFields::j))) return line;
   line.read = unreadable ? LineRead::unreadable : LineRead::move;
   line.kind = kind;
   return line;

@@ -22,11 +22,14 @@ struct CommandWord {
 };
 CommandWord ReadCommandWord(std::string_view line);
 
-// The fields of a G0/G1 or G92 line.
+// The fields of a G0/G1, arc or G92 line. I and J are an arc's centre
+// offset from its start, R its radius.
 struct MoveFields {
-  enum Key : uint8_t { x, y, z, e, f };
-  double value[5] = {no_value, no_value, no_value, no_value, no_value};
+  enum Key : uint8_t { x, y, z, e, f, i, j, r };
+  double value[8] = {no_value, no_value, no_value, no_value, no_value, no_value, no_value, no_value};
   uint8_t given = 0;  // bit 1 << key for each field the line states
+
+  bool has(Key key) const { return given & (1u << key); }
 };
 
 enum class LineRead : uint8_t {
@@ -47,7 +50,7 @@ struct ReadLine {
 };
 ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::string_view comment, std::string& scratch);
 
-// The command of a G0/G1 or G92 word, or text.
+// The command of a G0/G1, G2/G3 or G92 word, or text.
 line_kind CoordinateCommand(const CommandWord& word);
 
 // Whether a text line, with its command word, leaves the printer's

@@ -60,11 +60,12 @@ class LineSink {
   int error_ = 0;
 };
 
-// Puts " Z<z>" in front of the E field, else of the F field, else at the
-// end of the line that begins at `start` of `s`.
+// Puts " Z<z>" in front of an arc's I field, else the E field, else the
+// F field, else at the end of the line that begins at `start` of `s`.
 void insert_z(std::string& s, size_t start, double z) {
   if (s.size() - start < 4) s += ' ';
-  size_t p = s.find('E', start);
+  size_t p = s.find('I', start);
+  if (p == std::string::npos) p = s.find('E', start);
   if (p == std::string::npos) p = s.find('F', start);
   if (p == std::string::npos) p = s.size() + 1;  // one past a blank that is not there
   std::string field = " Z";
@@ -125,12 +126,14 @@ struct MoveRule {
 
 // Returns whether a line was written. `layer_start`: the record is the
 // first move of a layer from layer 1 on, where the layer's height goes.
-bool write_move(LineSink& sink, const coor_data& record, line_kind kind, MoveRule rule, PrinterState& state,
-                bool layer_start, double z) {
+bool write_move(LineSink& sink, const g_entry& entry, MoveRule rule, PrinterState& state, bool layer_start, double z) {
+  const coor_data& record = doc.coor(entry);
   coor_data shown = record;
   using F = PrinterState::Field;
-  if (!rule.write(state, F::x, record.x, record.given & given_x)) shown.x = no_value;
-  if (!rule.write(state, F::y, record.y, record.given & given_y)) shown.y = no_value;
+  // An arc's end is never left to the printer's memory where it is known.
+  const MoveRule xy_rule{rule.all_known || is_arc(entry.kind)};
+  if (!xy_rule.write(state, F::x, record.x, record.given & given_x)) shown.x = no_value;
+  if (!xy_rule.write(state, F::y, record.y, record.given & given_y)) shown.y = no_value;
   if (record.e_relative) {
     if (RoundTo5(record.e_delta) == 0 && !(record.given & given_e)) shown.e = no_value;
   } else if (!rule.write(state, F::e, record.e, record.given & given_e)) {
@@ -141,11 +144,14 @@ bool write_move(LineSink& sink, const coor_data& record, line_kind kind, MoveRul
   const bool write_z = (layer_start && (z_unknown || z != state.last[F::z])) || ((record.given & given_z) && z_unknown);
   if (write_z) state.set(F::z, z);
 
+  const arc_data* centre = is_arc(entry.kind) ? &doc.arc(entry.index) : nullptr;
   std::string& s = sink.begin_line();
   const size_t start = s.size();
-  s += CoordinateHead(kind);
-  AppendFields(s, shown, true);
+  s += CoordinateHead(entry.kind);
+  AppendFields(s, shown, true, centre);
   if (write_z) insert_z(s, start, z);
+  // An arc without a centre is refused by the printer, which stays put.
+  if (centre && centre->i == 0 && centre->j == 0) state.forget();
   // A move with nothing left but its G word would not move the machine.
   const bool written = s.size() - start > 3;
   if (written) {
@@ -193,7 +199,7 @@ int write_document(int fd, uint8_t mode) {
         sink.line(RecordText(entry, 0, false, true, false));
         ++w;
       } else if (is_move(entry.kind) && !is_reset_line(entry)) {
-        if (write_move(sink, doc.coor(entry), entry.kind, rule, state, layer_start, layer.z)) ++w;
+        if (write_move(sink, entry, rule, state, layer_start, layer.z)) ++w;
         layer_start = false;
       }
       if (w % 10000 == 0) ShowStatus("Saving GCode line " + std::to_string(w), 1);

@@ -55,6 +55,24 @@ void follow_modes(const CommandWord& word) {
   if (word.letter == 'M' && (word.number == 82 || word.number == 83)) doc.e_relative = word.number == 83;
   if (word.is('G', 91)) doc.g91_block = true;
   if (word.is('G', 90)) doc.g91_block = false;
+  if (word.letter == 'G' && word.number >= 17 && word.number <= 19) doc.arcs_in_plane = word.number == 17;
+}
+
+// Puts the centre of an arc line into its I and J, from R where it gives
+// one; false for an arc the printer would not run in the plane (another
+// plane, no centre), which stays text.
+bool find_arc_centre(line_kind kind, MoveFields& fields) {
+  if (!doc.arcs_in_plane) return false;
+  const PlanePoint start{doc.last_coor.x, doc.last_coor.y};
+  const PlanePoint end{fields.has(MoveFields::x) ? fields.value[MoveFields::x] : start.x,
+                       fields.has(MoveFields::y) ? fields.value[MoveFields::y] : start.y};
+  double& i = fields.value[MoveFields::i];
+  double& j = fields.value[MoveFields::j];
+  if (fields.has(MoveFields::r))
+    return CentreFromRadius(start, end, fields.value[MoveFields::r], kind == line_kind::g2, i, j);
+  if (i == no_value) i = 0;
+  if (j == no_value) j = 0;
+  return i != 0 || j != 0;
 }
 
 void read_piece(std::string_view piece, int64_t& n, Unreadable& unreadable, std::string& scratch) {
@@ -68,8 +86,10 @@ void read_piece(std::string_view piece, int64_t& n, Unreadable& unreadable, std:
   const CommandWord word = ReadCommandWord(code);
   const bool in_block = doc.g91_block;
   follow_modes(word);
-  const ReadLine line = in_block ? ReadLine{} : ReadMoveLine(word, code, comment, scratch);
-  if (line.read != LineRead::move) {
+  ReadLine line = in_block ? ReadLine{} : ReadMoveLine(word, code, comment, scratch);
+  if (line.read == LineRead::move && is_arc(line.kind) && !find_arc_centre(line.kind, line.fields)) {
+    AddTextRecord(piece);
+  } else if (line.read != LineRead::move) {
     if (line.read == LineRead::unreadable) unreadable.add(piece, n);
     AddTextRecord(piece);
   } else if (line.kind == line_kind::g92) {

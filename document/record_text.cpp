@@ -9,18 +9,21 @@ std::string_view CoordinateHead(line_kind kind) {
   switch (kind) {
     case line_kind::g1: return "G1";
     case line_kind::g0: return "G0";
+    case line_kind::g2: return "G2";
+    case line_kind::g3: return "G3";
     case line_kind::g92: return "G92";
     default: return "";
   }
 }
 
-void AppendFields(std::string& out, const coor_data& c, bool to_period) {
+void AppendFields(std::string& out, const coor_data& c, bool to_period, const arc_data* centre) {
   // Built on the stack and appended once: this runs for every move saved.
-  char buf[4 * (2 + max_number_chars)];
+  char buf[6 * (2 + max_number_chars)];
   char* end = buf;
   // A relative move's E word is its own extrusion.
   const double e = c.e_relative && c.e != no_value ? c.e_delta : c.e;
-  const std::pair<char, double> fields[] = {{'X', c.x}, {'Y', c.y}, {'E', e}, {'F', c.f}};
+  const double i = centre ? centre->i : no_value, j = centre ? centre->j : no_value;
+  const std::pair<char, double> fields[] = {{'X', c.x}, {'Y', c.y}, {'I', i}, {'J', j}, {'E', e}, {'F', c.f}};
   for (const auto& [key, value] : fields) {
     if (value == no_value) continue;
     *end++ = ' ';
@@ -42,7 +45,7 @@ std::string RecordText(const g_entry& entry, int32_t number, bool numbered, bool
   if (numbered) s = (entry.kind == line_kind::g92 ? "R" : "D") + std::to_string(number) + "> ";
   s += head;
   const coor_data& c = doc.coor(entry);
-  AppendFields(s, c, to_period);
+  AppendFields(s, c, to_period, is_arc(entry.kind) ? &doc.arc(entry.index) : nullptr);
   const std::string_view comment = doc.comment(c);
   if (!no_comment && !comment.empty()) {
     s += " ;";
