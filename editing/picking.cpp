@@ -61,7 +61,9 @@ int32_t pick_segment_world(double wx, double wy, double& start_x, double& start_
       continue;
     }
     if (lists.data_selected[static_cast<size_t>(i)]) {
-      const double d = seg_dist_sq(p.x, p.y, c.x, c.y, wx, wy);
+      // An arc is picked along itself, not along its chord.
+      const double d = is_arc(entry.kind) ? doc.arc_from({p.x, p.y}, entry).distance_sq({wx, wy})
+                                          : seg_dist_sq(p.x, p.y, c.x, c.y, wx, wy);
       if (d < best) {
         best = d;
         result = i;

@@ -9,6 +9,7 @@
 #include "editing/list_state.h"
 #include "platform/platform.h"
 #include "view/korvexed_graphic.h"
+#include "view/layer_drawing.h"
 #include "view/world_view.h"
 
 namespace korvexed {
@@ -144,11 +145,7 @@ void insert_menu(int32_t x, int32_t y) {
   platform().set_menu_item_enabled(PopupMenu::unselect_edit, 1, line_hit);
   if (line_hit) {
     SavePicture();
-    const coor_data& end = doc.coor(doc.current_layer, gesture.press_hit);
-    int32_t x1, y1, x2, y2;
-    WorldToPixel(sx, sy, x1, y1);
-    WorldToPixel(end.x, end.y, x2, y2);
-    DrawSegment(x1, y1, x2, y2, band_colour);
+    DrawMoveOver({sx, sy}, doc.layer(doc.current_layer).g[static_cast<size_t>(gesture.press_hit)], band_colour);
     ShowPicture();
   }
   if (platform().menu_item_enabled(PopupMenu::unselect_edit, 1) ||
