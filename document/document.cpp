@@ -39,9 +39,20 @@ arc_data& Document::arc(int32_t index) {
                            [](const arc_data& a, int32_t wanted) { return a.index < wanted; });
 }
 
-void Document::add_arc(int32_t index, double i, double j) {
+void Document::add_arc(int32_t index, double i, double j, double sweep) {
   arc_list.reserve(arc_count + 1);
-  arc_list.data()[arc_count++] = {index, i, j};
+  arc_list.data()[arc_count++] = {index, i, j, sweep};
+}
+
+void Document::fit_arc(const g_entry& entry, PlanePoint start) {
+  arc_data& centre = arc(entry.index);
+  const coor_data& end = coor(entry);
+  Arc fitted{start, {end.x, end.y}, centre.i, centre.j, entry.kind == line_kind::g2};
+  RefitArc(fitted, centre.sweep, start, {end.x, end.y});
+  centre.i = fitted.i;
+  centre.j = fitted.j;
+  // An arc whose ends met has no sweep of its own: it keeps the one it had.
+  if (fitted.i != 0 || fitted.j != 0) centre.sweep = fitted.sweep();
 }
 
 Arc Document::arc_from(PlanePoint from, const g_entry& entry) {
@@ -127,7 +138,10 @@ void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view co
   c.e = has_e && !doc.e_relative ? e_word : e_before + c.e_delta;
   doc.last_coor.e = c.e;
   const g_entry& entry = layer->g[static_cast<size_t>(layer->g_count - 1)];
-  if (is_arc(kind)) doc.add_arc(entry.index, fields.value[MoveFields::i], fields.value[MoveFields::j]);
+  if (is_arc(kind)) {
+    const double i = fields.value[MoveFields::i], j = fields.value[MoveFields::j];
+    doc.add_arc(entry.index, i, j, Arc{{prev_x, prev_y}, {c.x, c.y}, i, j, kind == line_kind::g2}.sweep());
+  }
   c.d_delta = doc.plane_length_sq({prev_x, prev_y}, entry);
   if (layer->coor_count < 1 && doc.layer_count > 1) {
     // The first move of a layer also climbs from the layer before.

@@ -58,6 +58,7 @@ inline bool is_reset_line(const g_entry& entry) { return entry.index == reset_re
 struct arc_data {
   int32_t index;
   double i, j;
+  double sweep;  // the angle it turns, kept by edits that move its ends
 };
 
 struct layer_data {
@@ -121,7 +122,11 @@ struct Document {
   // The centre of arc record `index`, which must be one.
   arc_data& arc(int32_t index);
   // The centre of a new arc record (of an index above every arc's before).
-  void add_arc(int32_t index, double i, double j);
+  void add_arc(int32_t index, double i, double j, double sweep);
+  // Fits the centre of arc entry `entry` anew after its start moved to
+  // `start` or its end moved: a short arc keeps its sweep, a long one its
+  // radius.
+  void fit_arc(const g_entry& entry, PlanePoint start);
   // The arc that move entry `entry` draws from `from`.
   Arc arc_from(PlanePoint from, const g_entry& entry);
   // The squared length in the plane of move entry `entry` from `from`

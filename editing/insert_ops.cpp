@@ -1,12 +1,44 @@
 // Splitting a move of the current layer by new vertices, sharing its
-// extrusion out so that the extrusion per millimetre stays as it was.
+// extrusion out so that the extrusion per millimetre stays as it was. An
+// arc splits into arcs round the same centre, in the same direction.
 #include <cmath>
+#include <vector>
 
 #include "editing/korvexed_data.h"
 #include "editing/move_length.h"
 #include "platform/platform.h"
 
 namespace korvexed {
+
+namespace {
+
+// Where a new vertex splits a move, and the squared lengths of the two
+// pieces (the first with the move's climb from the layer before).
+struct Split {
+  PlanePoint at;
+  double first_sq, second_sq;
+  double angle = 0;  // on an arc: the first piece's sweep
+};
+
+Split split_line(const coor_data& p, int32_t p_layer, const coor_data& m, double x, double y) {
+  const int32_t cur = doc.current_layer;
+  return {{x, y}, dist3_sq(p.x, p.y, layer_z(p_layer), x, y, layer_z(cur)), dist2_sq(x, y, m.x, m.y)};
+}
+
+Split split_arc(const Arc& arc, int32_t p_layer, double angle) {
+  const double rise = layer_z(doc.current_layer) - layer_z(p_layer);
+  const double first = arc.radius() * angle, second = arc.radius() * (arc.sweep() - angle);
+  return {arc.at(angle), first * first + rise * rise, second * second, angle};
+}
+
+// The whole arc that record r of the current layer ends.
+Arc arc_ending(int32_t r) {
+  int32_t p_layer = doc.current_layer;
+  const coor_data p = get_state_before(p_layer, r - 1);
+  return doc.arc_from({p.x, p.y}, doc.layer(doc.current_layer).g[static_cast<size_t>(r)]);
+}
+
+}  // namespace
 
 void insert_point(int32_t r, double x, double y) {
   const int32_t cur = doc.current_layer;
@@ -18,14 +50,18 @@ void insert_point(int32_t r, double x, double y) {
   int32_t p_layer = cur;
   const coor_data p = get_state_before(p_layer, r - 1);
   check_d_delta(p, p_layer, cur, r);
-  coor_data m = doc.coor(cur, r);
+  const g_entry entry = doc.layer(cur).g[static_cast<size_t>(r)];
+  coor_data m = doc.coor(entry);
+  const bool arc = is_arc(entry.kind);
+  const Arc whole = arc ? doc.arc_from({p.x, p.y}, entry) : Arc{};
+  const Split split = arc ? split_arc(whole, p_layer, whole.nearest_angle({x, y})) : split_line(p, p_layer, m, x, y);
   coor_data q;
-  q.x = x;
-  q.y = y;
+  q.x = split.at.x;
+  q.y = split.at.y;
   q.f = m.f;
   q.e_relative = m.e_relative;
-  const double a = dist3_sq(p.x, p.y, layer_z(p_layer), q.x, q.y, layer_z(cur));
-  const double b = dist2_sq(q.x, q.y, m.x, m.y);
+  const double a = split.first_sq;
+  const double b = split.second_sq;
   // A degenerate move's extrusion is halved between the two pieces.
   q.no_extrude = m.no_extrude;
   if (m.no_extrude) {
@@ -44,19 +80,32 @@ void insert_point(int32_t r, double x, double y) {
   insert_record_before(cur, r);
   doc.coor(cur, r + 1) = m;
   doc.coor(cur, r) = q;
+  if (arc) {
+    // Both pieces turn round the arc's centre.
+    const PlanePoint centre = whole.centre();
+    doc.add_arc(doc.layer(cur).g[static_cast<size_t>(r)].index, centre.x - p.x, centre.y - p.y, split.angle);
+    arc_data& rest = doc.arc(entry.index);
+    rest.i = centre.x - q.x;
+    rest.j = centre.y - q.y;
+    rest.sweep = whole.sweep() - split.angle;
+  }
 }
 
 void insert_points_evenly(int32_t r, int32_t n) {
-  int32_t p_layer = doc.current_layer;
-  coor_data p = get_state_before(p_layer, r - 1);
-  const coor_data& m = doc.coor(doc.current_layer, r);
-  const double dx = (m.x - p.x) / (n + 1);
-  const double dy = (m.y - p.y) / (n + 1);
-  for (int32_t i = 0; i < n; ++i) {
-    p.x += dx;
-    p.y += dy;
-    insert_point(r + i, p.x, p.y);
+  // The points are placed on the whole move first: each insertion
+  // shortens it.
+  std::vector<PlanePoint> points;
+  if (is_arc(doc.layer(doc.current_layer).g[static_cast<size_t>(r)].kind)) {
+    const Arc arc = arc_ending(r);
+    for (int32_t i = 1; i <= n; ++i) points.push_back(arc.at(arc.sweep() * i / (n + 1)));
+  } else {
+    int32_t p_layer = doc.current_layer;
+    const coor_data p = get_state_before(p_layer, r - 1);
+    const coor_data& m = doc.coor(doc.current_layer, r);
+    for (int32_t i = 1; i <= n; ++i)
+      points.push_back({p.x + (m.x - p.x) * i / (n + 1), p.y + (m.y - p.y) * i / (n + 1)});
   }
+  for (int32_t i = 0; i < n; ++i) insert_point(r + i, points[static_cast<size_t>(i)].x, points[static_cast<size_t>(i)].y);
 }
 
 }  // namespace korvexed

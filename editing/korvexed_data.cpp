@@ -117,7 +117,7 @@ void delete_record(int32_t layer, int32_t r) {
 
 void rederive_move(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
   coor_data& m = doc.coor(layer, r);
-  const double l2 = dist3_sq(p.x, p.y, layer_z(p_layer), m.x, m.y, layer_z(layer));
+  const double l2 = refit_length_sq(p, p_layer, layer, r);
   keep_extrusion_rate(m, l2);
   settle_move(m, p.e, l2, layer, r);
 }
@@ -132,12 +132,23 @@ void settle_move(coor_data& m, double e_before, double l2, int32_t layer, int32_
 
 bool check_d_delta(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
   const coor_data& m = doc.coor(layer, r);
-  const double l2 = dist3_sq(p.x, p.y, layer_z(p_layer), m.x, m.y, layer_z(layer));
+  const double l2 = move_length_sq(p, p_layer, layer, r);
   if (std::fabs(l2 - m.d_delta) < negligible) return true;
   platform().message_box("for debug purpose: d_delta is not tally at layer_list(" + std::to_string(layer) + ").g(" +
                              std::to_string(r) + ") please report to the developer",
                          MsgIcon::critical, MsgButtons::ok);
   return false;
+}
+
+double move_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
+  const double rise = layer_z(layer) - layer_z(p_layer);
+  return doc.plane_length_sq({p.x, p.y}, doc.layer(layer).g[static_cast<size_t>(r)]) + rise * rise;
+}
+
+double refit_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
+  const g_entry& entry = doc.layer(layer).g[static_cast<size_t>(r)];
+  if (is_arc(entry.kind)) doc.fit_arc(entry, {p.x, p.y});
+  return move_length_sq(p, p_layer, layer, r);
 }
 
 double dist2_sq(double x1, double y1, double x2, double y2) {

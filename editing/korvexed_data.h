@@ -29,6 +29,14 @@ void rederive_move(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r
 // and returns false, never blocks.
 bool check_d_delta(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r);
 
+// The squared length of move r of `layer` from state p (found in layer
+// p_layer): in the plane, along an arc for an arc, and in height.
+double move_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r);
+// The same after one of its ends moved: an arc's centre is fitted anew
+// first, keeping its direction and its sweep (its radius when longer than
+// half a turn).
+double refit_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r);
+
 double dist2_sq(double x1, double y1, double x2, double y2);
 double dist3_sq(double x1, double y1, double z1, double x2, double y2, double z2);
 void normalize_rect(double& x1, double& y1, double& x2, double& y2);

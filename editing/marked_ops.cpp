@@ -32,7 +32,7 @@ bool move_marked(double dx, double dy, double de) {
     coor_data& m = doc.coor(cur, r);
     m.x += dx;
     m.y += dy;
-    double l2 = dist3_sq(p.x, p.y, layer_z(p_layer), m.x, m.y, layer_z(cur));
+    double l2 = refit_length_sq(p, p_layer, cur, r);
     m.e_delta += de;  // a typed dE is scaled with the segment too
     keep_extrusion_rate(m, l2);
     m.e = p.e + m.e_delta;
@@ -45,7 +45,7 @@ bool move_marked(double dx, double dy, double de) {
     if (n < 0) continue;
     if (n_layer != cur) carry_onward();
     coor_data& next = doc.coor(n_layer, n);
-    l2 = dist3_sq(p.x, p.y, layer_z(cur), next.x, next.y, layer_z(n_layer));
+    l2 = refit_length_sq(p, cur, n_layer, n);
     keep_extrusion_rate(next, l2);
     const double delta = (p.e + next.e_delta) - next.e;
     next.e += delta;
@@ -81,7 +81,8 @@ int32_t set_marked_kind(line_kind kind) {
   layer_data& ly = doc.layer(doc.current_layer);
   for (const int32_t r : lists.row_to_g) {
     g_entry& entry = ly.g[static_cast<size_t>(r)];
-    if (lists.select_flag[static_cast<size_t>(r)] && entry.kind != kind) {
+    // Arcs stay arcs.
+    if (lists.select_flag[static_cast<size_t>(r)] && entry.kind != kind && !is_arc(entry.kind)) {
       entry.kind = kind;
       ++changed;
     }

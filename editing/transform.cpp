@@ -26,6 +26,13 @@ void translate_all(double rotation, double ox, double oy) {
         const double x = m.x;
         m.x = c * x - s * m.y;
         m.y = s * x + c * m.y;
+        if (is_arc(entry.kind)) {
+          // The centre's offset turns with the points; nothing is refitted.
+          arc_data& centre = doc.arc(entry.index);
+          const double i = centre.i;
+          centre.i = c * i - s * centre.j;
+          centre.j = s * i + c * centre.j;
+        }
       }
       if (offset) {
         m.x += ox;
