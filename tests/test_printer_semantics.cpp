@@ -97,6 +97,10 @@ const char* const rule_files[] = {
     // Lines kept as they were: a lone ";", G28 with a bare ";", CR LF,
     // bare CR and empty lines.
     ";\r\nG28 ;\r\n\r\nG1 X1 Y2 Z0.3\r\rG1 X3\r\n\n",
+    // Arcs both ways, full circles, R of either sign, an arc that starts a
+    // layer, arcs between lines, in both extrusion modes.
+    "G1 X10 Y0 Z0.2 F1200\nG3 X0 Y10 I-10 J0 E1\nG1 X0 Y20 E2\nG2 X10 Y30 R10 E3\nG2 X10 Y30 I-5 J0 E4\n"
+    "G3 X30 Y30 R-10 E5\nG3 X20 Y30 I-5 Z0.4 E6\nG1 X10 Y10 E7\nM83\nG02X5Y15I-5J0E0.5\nG3 X5 Y15 R-2 E1\n",
     // Resets: bare, with Z (text), and E; repeated feedrates.
     "G1 X1 Y1 Z1 E1 F600\nG92\nG1 X2 E2\nG92 Z0\nG1 X3 Y3 Z1\nG92 E0\nG1 X4 E1\nG1 F600\nG1 F600\nG1 X5 E2\n",
 };
