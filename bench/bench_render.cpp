@@ -32,8 +32,8 @@ void TimeRedraws(benchmark::State& state, int32_t current, bool every_layer) {
   state.counters["px_per_mm"] = view.view_scale;
 }
 
-void RedrawLargeLayer(benchmark::State& state, const BenchFile& file) {
-  if (!LoadLargeLayerPrint(file.path)) state.SkipWithError("loading failed");
+void RedrawLargeLayer(benchmark::State& state, const BenchFile& file, bool arcs) {
+  if (!LoadLargeLayerPrint(file.path, arcs)) state.SkipWithError("loading failed");
   TimeRedraws(state, 1, false);
 }
 
@@ -46,7 +46,10 @@ void RedrawEveryLayer(benchmark::State& state, const BenchFile& file) {
 
 void RegisterRenderBenchmarks(const BenchFile& file) {
   if (file.settings.reset_e) {
-    benchmark::RegisterBenchmark("Redraw/layer_of_50000", RedrawLargeLayer, file)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Redraw/layer_of_50000", RedrawLargeLayer, file, false)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Redraw/layer_of_50000_arcs", RedrawLargeLayer, file, true)
+        ->Unit(benchmark::kMillisecond);
   }
   benchmark::RegisterBenchmark(("RedrawEveryLayer/" + file.name).c_str(), RedrawEveryLayer, file)
       ->Unit(benchmark::kMillisecond);

@@ -10,17 +10,20 @@ namespace {
 
 // Three layers: the large one between a first move and a last layer that
 // starts with G92 E0.
-std::string LargeLayerPrint() {
+std::string LargeLayerPrint(bool arcs) {
   std::string text = "G1 Z0.2 F1800\nG92 E0\n";
   double e = 0;
+  const double step = arcs ? 1 : 0.1;
   for (int i = 0; i < 50000; ++i) {
-    const std::string xy = "X" + std::to_string(50 + (i % 400) * 0.1) + " Y" + std::to_string(50 + (i / 400) * 0.1);
+    const std::string xy =
+        "X" + std::to_string(50 + (i % 400) * step) + " Y" + std::to_string(50 + (i / 400) * step);
     if (i % 400 == 0) {
       text += "G0 " + xy + "\n";
       continue;
     }
     e += 0.01;
-    text += "G1 " + xy + " E" + std::to_string(e) + "\n";
+    const std::string head = !arcs ? "G1 " : i % 2 ? "G2 " : "G3 ";
+    text += head + xy + (arcs ? " R0.8" : "") + " E" + std::to_string(e) + "\n";
   }
   text += "G1 Z0.4\nG92 E0\nG1 X10 Y10 E1\n";
   return text;
@@ -28,11 +31,11 @@ std::string LargeLayerPrint() {
 
 }  // namespace
 
-bool LoadLargeLayerPrint(const std::string& beside) {
+bool LoadLargeLayerPrint(const std::string& beside, bool arcs) {
   const std::string path = beside + ".large-layer.gcode";
   std::FILE* f = std::fopen(path.c_str(), "wb");
   if (!f) return false;
-  const std::string text = LargeLayerPrint();
+  const std::string text = LargeLayerPrint(arcs);
   const bool written = std::fwrite(text.data(), 1, text.size(), f) == text.size();
   if (std::fclose(f) != 0 || !written) {
     std::remove(path.c_str());

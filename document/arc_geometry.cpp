@@ -25,11 +25,12 @@ void centre_beside_chord(PlanePoint start, PlanePoint end, double h, double side
 
 double Arc::sweep() const {
   if (dist_sq(start, end) <= arc_ends_meet) return full_turn;
-  const PlanePoint c = centre();
-  const double from = std::atan2(start.y - c.y, start.x - c.x);
-  const double to = std::atan2(end.y - c.y, end.x - c.x);
-  const double angle = normalized(clockwise ? from - to : to - from);
-  return angle == 0 ? full_turn : angle;
+  // The angle between the radii to the ends, from one arctangent.
+  const double ux = -i, uy = -j;
+  const double vx = end.x - start.x - i, vy = end.y - start.y - j;
+  const double cross = ux * vy - uy * vx, dot = ux * vx + uy * vy;
+  const double angle = std::atan2(clockwise ? -cross : cross, dot);
+  return angle > 0 ? angle : angle + full_turn;
 }
 
 double Arc::length_sq() const {

@@ -35,8 +35,13 @@ uint32_t Document::add_comment(std::string_view text) {
 
 arc_data& Document::arc(int32_t index) {
   arc_data* const first = arc_list.data();
-  return *std::lower_bound(first, first + arc_count, index,
-                           [](const arc_data& a, int32_t wanted) { return a.index < wanted; });
+  // A layer is mostly walked in the order of its records: the arc after
+  // the one found last is the likeliest.
+  if (arc_hint + 1 < arc_count && first[arc_hint + 1].index == index) return first[++arc_hint];
+  arc_hint = static_cast<size_t>(std::lower_bound(first, first + arc_count, index,
+                                                  [](const arc_data& a, int32_t wanted) { return a.index < wanted; }) -
+                                 first);
+  return first[arc_hint];
 }
 
 void Document::add_arc(int32_t index, double i, double j, double sweep) {

@@ -83,6 +83,7 @@ struct Document {
 
   ReservedArray<arc_data> arc_list;
   size_t arc_count = 0;
+  size_t arc_hint = 0;  // where arc() found the last one
 
   // The comments of coordinate records; id 0 is the empty comment.
   TextArena comment_list;

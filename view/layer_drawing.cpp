@@ -99,8 +99,9 @@ void DrawArc(const Arc& arc, Rgb colour, double arrow_length_sq) {
     Line(from, to, colour, a, b);
     from = to;
   });
+  if (arrow_length_sq <= 0) return;
   const double half = arc.sweep() / 2;
-  if (arrow_length_sq <= 0 || !Inside(Pixel(arc.at(half).x, arc.at(half).y))) return;
+  if (!Inside(Pixel(arc.at(half).x, arc.at(half).y))) return;
   // The tangent at the middle, from two points about 16 pixels apart.
   const double spread = std::min(half, 8 / std::max(arc.radius() * view.view_scale, 1.0));
   const Rounded a = RoundedAt(arc.at(half - spread)), b = RoundedAt(arc.at(half + spread));
