@@ -14,12 +14,12 @@ namespace korvexed::cli {
 
 namespace {
 
-// A record of the current layer that must be a G1/G0 move.
+// A record of the current layer that must be a move: a line or an arc.
 int32_t MoveRecord(const ScriptArgs& args, size_t i) {
   const layer_data& layer = CurrentLayer(args);
   const int32_t r = args.index(i, layer.g_count, "record");
   if (!is_move(layer.g[static_cast<size_t>(r)].kind)) {
-    throw ScriptError("record " + std::to_string(r) + " is not a G0/G1 record");
+    throw ScriptError("record " + std::to_string(r) + " is not a move record (G0, G1, G2, G3)");
   }
   return r;
 }

@@ -21,7 +21,7 @@ std::vector<uint8_t> LinesOf(const std::vector<int32_t>& records, int32_t record
   std::vector<uint8_t> lines(lists.select_line.size(), 0);
   for (const int32_t r : records) {
     const int32_t k = line_of[at(r)];
-    if (k < 0) throw ScriptError("record " + std::to_string(r) + " is not a G0/G1 record on view");
+    if (k < 0) throw ScriptError("record " + std::to_string(r) + " is not a move record (G0, G1, G2, G3) on view");
     lines[at(k)] = 1;
   }
   return lines;

@@ -72,8 +72,8 @@ TEST_F(CliEditData, InsertPointsSpreadsThemEvenly) {
 
 TEST_F(CliEditData, InsertPointsWantsAMoveAndOneToFivePoints) {
   const std::vector<std::pair<std::string, std::string>> cases{
-      {"insert-point 5 1 1", "line 2: record 5 is not a G0/G1 record\n"},
-      {"insert-points 5 2", "line 2: record 5 is not a G0/G1 record\n"},
+      {"insert-point 5 1 1", "line 2: record 5 is not a move record (G0, G1, G2, G3)\n"},
+      {"insert-points 5 2", "line 2: record 5 is not a move record (G0, G1, G2, G3)\n"},
       {"insert-points 1 6", "line 2: the point count must be 1 to 5, not '6'\n"},
       {"insert-points 1 0", "line 2: the point count must be 1 to 5, not '0'\n"},
       {"insert-point 1 5", "line 2: 'insert-point' takes 3 arguments, not 2\n"},
