@@ -68,6 +68,10 @@ TEST_F(CliEditData, InsertPointsSpreadsThemEvenly) {
   const CliResult nine = Edit("G1 Z0.2\nG1 X9 E3\n", "layer 1\ninsert-points 1 2\ndump -\n");
   EXPECT_NE(nine.out.find("  1 G1 x=3 y=0 "), std::string::npos) << nine.out;
   EXPECT_NE(nine.out.find("  2 G1 x=6 y=0 "), std::string::npos) << nine.out;
+
+  // An arc splits into arcs round its centre.
+  EXPECT_EQ(Edit("G1 X10 Y0 Z0.2\nG3 X0 Y10 I-10 J0 E2\n", "layer 1\ninsert-points 1 1\nsave -\n").out,
+            "G1 X10 Y0 Z0.2\r\nG3 X7.07107 Y7.07107 I-10 J0 E1\r\nG3 X0 Y10 I-7.07107 J-7.07107 E2\r\n");
 }
 
 TEST_F(CliEditData, InsertPointsWantsAMoveAndOneToFivePoints) {
