@@ -33,22 +33,6 @@ uint32_t Document::add_comment(std::string_view text) {
   return last > 0 && comment_list[last] == text ? last : comment_list.add(text);
 }
 
-arc_data& Document::arc(int32_t index) {
-  arc_data* const first = arc_list.data();
-  // A layer is mostly walked in the order of its records: the arc after
-  // the one found last is the likeliest.
-  if (arc_hint + 1 < arc_count && first[arc_hint + 1].index == index) return first[++arc_hint];
-  arc_hint = static_cast<size_t>(std::lower_bound(first, first + arc_count, index,
-                                                  [](const arc_data& a, int32_t wanted) { return a.index < wanted; }) -
-                                 first);
-  return first[arc_hint];
-}
-
-void Document::add_arc(int32_t index, double i, double j, double sweep) {
-  arc_list.reserve(arc_count + 1);
-  arc_list.data()[arc_count++] = {index, i, j, sweep};
-}
-
 void Document::fit_arc(const g_entry& entry, PlanePoint start) {
   arc_data& centre = arc(entry.index);
   const coor_data& end = coor(entry);
@@ -193,7 +177,7 @@ void ResetDocument(bool loaded) {
   doc.last_coor.x = doc.last_coor.y = doc.last_coor.e = doc.last_coor.f = 0;
   doc.e_relative = doc.g91_block = false;
   doc.arcs_in_plane = true;
-  doc.arc_count = 0;
+  doc.arc_list.clear();
   doc.text_list.clear();
   doc.comment_list.clear();
   doc.comment_list.add("");

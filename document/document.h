@@ -9,6 +9,7 @@
 #include "document/arc_geometry.h"
 #include "document/block_pool.h"
 #include "document/entry_array.h"
+#include "document/record_table.h"
 #include "document/reserved_array.h"
 #include "document/text_arena.h"
 #include "document/text_list.h"
@@ -81,9 +82,7 @@ struct Document {
   TextList text_list;
   int32_t text_list_count = 0;
 
-  ReservedArray<arc_data> arc_list;
-  size_t arc_count = 0;
-  size_t arc_hint = 0;  // where arc() found the last one
+  RecordTable<arc_data> arc_list;
 
   // The comments of coordinate records; id 0 is the empty comment.
   TextArena comment_list;
@@ -121,9 +120,9 @@ struct Document {
   // shares one copy.
   uint32_t add_comment(std::string_view text);
   // The centre of arc record `index`, which must be one.
-  arc_data& arc(int32_t index);
+  arc_data& arc(int32_t index) { return *arc_list.find(index); }
   // The centre of a new arc record (of an index above every arc's before).
-  void add_arc(int32_t index, double i, double j, double sweep);
+  void add_arc(int32_t index, double i, double j, double sweep) { arc_list.add({index, i, j, sweep}); }
   // Fits the centre of arc entry `entry` anew after its start moved to
   // `start` or its end moved: a short arc keeps its sweep, a long one its
   // radius.
