@@ -47,6 +47,7 @@ void FmMain::LoadCommand(const std::string& path) {
   } else {
     doc.file_name.clear();
     SetCaption();
+    EmptyLists();
     ShowStatus("Load failed " + path, 1);
   }
   RedrawView();

@@ -120,18 +120,20 @@ void LayerViewCommand(int index) {
   }
   // Single or All around the current layer; with none, layer 1 (or the
   // only one) becomes current.
-  if (doc.current_layer < 0) doc.current_layer = doc.layer_count > 1 ? 1 : 0;
+  const bool had_current = doc.current_layer >= 0;
+  if (!had_current) doc.current_layer = doc.layer_count > 1 ? 1 : 0;
   const int32_t current = doc.current_layer;
   const uint8_t others = index == 2;
   for (size_t i = 0; i < selected.size(); ++i)
     if (i != at(current)) selected[i] = others;
-  if (lists.layer_caret == current) {
-    platform().list_reset(ListId::layer);
-    return RedrawView();
-  }
-  // The caret was elsewhere only when no layer was current: the current
-  // layer's rows are listed anew.
-  PickLayerLine(current);
+  // A layer that was not current has no rows listed yet.
+  if (!had_current) return PickLayerLine(current);
+  // The caret may have wandered off with Ctrl and the arrow keys: it comes
+  // back without a layer click, so the rows on view and the marks stay.
+  lists.layer_caret = current;
+  selected[at(current)] = 1;
+  platform().list_reset(ListId::layer);
+  RedrawView();
 }
 
 std::array<bool, 3> LayerViewItemsEnabled() {
@@ -155,19 +157,25 @@ bool LayerMenuAllowed() { return CountSelected(lists.layer_selected) > 0 && list
 void DataListRightClick() {
   if (CountSelected(lists.data_selected) == 0) return;
   const bool listed = !lists.row_to_g.empty();
-  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, listed);
-  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, listed);
   std::fill(lists.select_line.begin(), lists.select_line.end(), 1);
   platform().list_reset(ListId::select);
   SelectionListClick();
-  platform().popup_menu(PopupMenu::select_edit);
+  // Without a vertex, Edit Selected Data edits the caret row (a text line).
+  MarkedDataMenu(listed || lists.data_caret >= 0, listed);
 }
 
 void SelectListRightClick() {
   if (CountSelected(lists.select_line) == 0) return;
-  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, true);
-  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, doc.layer(doc.current_layer).coor_count >= 2);
+  MarkedDataMenu(true, doc.layer(doc.current_layer).coor_count >= 2);
+}
+
+void MarkedDataMenu(bool edit, bool feedrate) {
+  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, edit);
+  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, feedrate);
   platform().popup_menu(PopupMenu::select_edit);
+  // The items' shortcuts work on whatever is marked later on.
+  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, true);
+  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, true);
 }
 
 }  // namespace korvexed

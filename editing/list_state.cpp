@@ -45,6 +45,11 @@ int32_t CountSelected(const std::vector<uint8_t>& states) {
   return static_cast<int32_t>(std::count_if(states.begin(), states.end(), [](uint8_t s) { return s != 0; }));
 }
 
+int32_t FirstSelected(const std::vector<uint8_t>& states) {
+  const auto line = std::find_if(states.begin(), states.end(), [](uint8_t s) { return s != 0; });
+  return line == states.end() ? -1 : static_cast<int32_t>(line - states.begin());
+}
+
 std::string LayerLineText(int32_t layer) {
   std::string text = "L";
   text += std::to_string(layer);
@@ -152,8 +157,7 @@ void SelectionStatus() {
   }
   ShowStatus(std::to_string(lines) + (lines > 1 ? " vertices" : " vertex") + " selected", 1);
   if (lines == 1) {
-    const auto k = std::find_if(lists.select_line.begin(), lists.select_line.end(), [](uint8_t s) { return s != 0; });
-    ShowStatus("Data " + std::to_string(lists.row_to_g[static_cast<size_t>(k - lists.select_line.begin())]), 3);
+    ShowStatus("Data " + std::to_string(lists.row_to_g[at(FirstSelected(lists.select_line))]), 3);
   } else {
     ShowStatus("Multi Data", 3);
   }
@@ -167,8 +171,12 @@ void SelectCommand(int index) {
 }
 
 void RefreshListsAfterEdit() {
+  // Inserted and deleted records change the slider's reach.
+  const auto records = static_cast<int32_t>(lists.data_selected.size());
+  platform().set_slider_range(SliderId::data, std::max(records - 1, 0), records > 0);
   platform().list_reset(ListId::data);
   platform().list_reset(ListId::select);
+  SelectionStatus();
 }
 
 void ListRowInserted(int32_t r) {
@@ -212,6 +220,16 @@ void LayerRowRemoved(int32_t layer) {
   lists.layer_selected.erase(lists.layer_selected.begin() + layer);
   caret_after_remove(lists.layer_caret, layer);
   platform().list_row_removed(ListId::layer, layer);
+}
+
+void EmptyLists() {
+  ClearCurrentLayer();
+  lists.layer_selected.clear();
+  platform().list_refilled(ListId::layer);
+  platform().set_slider_range(SliderId::layer, 0, false);
+  platform().set_slider_value(SliderId::layer, 0);
+  ShowStatus("", 2);
+  ShowStatus("", 3);
 }
 
 void ClearCurrentLayer() {

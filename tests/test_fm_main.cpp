@@ -14,6 +14,7 @@
 #include <string>
 
 #include "controls/cool_button.h"
+#include "controls/list_box.h"
 #include "controls/shrink_wnd.h"
 #include "document/document.h"
 #include "tests/gui_fixture.h"
@@ -171,6 +172,22 @@ TEST_F(WindowTest, TheTitleFollowsLoadsSavesAndExports) {
   EXPECT_EQ(Status(), "Load failed " + Q(bad));
   EXPECT_EQ(window_->windowTitle(), base_title);
   EXPECT_FALSE(Item(QStringLiteral("poFile_1"))->isEnabled());
+}
+
+TEST_F(WindowTest, AFailedOpenLeavesNothingShown) {
+  std::string print = two_layers;
+  for (int i = 0; i < 100; ++i) print += "; the top layer's notes\n";
+  window_->LoadCommand(Write("long.gcode", print));
+  auto* slider = Control<QScrollBar>(QStringLiteral("scrLayer"));
+  slider->setValue(2);
+  QScrollBar* rows = Control<ListBox>(QStringLiteral("lstData"))->verticalScrollBar();
+  ASSERT_GT(rows->maximum(), 0);
+  window_->LoadCommand(Write("bad.gcode", "G1 Xabc\n"));
+  EXPECT_EQ(Status(2), QString());
+  EXPECT_EQ(Status(3), QString());
+  EXPECT_EQ(slider->value(), 0);
+  EXPECT_FALSE(slider->isEnabled());
+  EXPECT_EQ(rows->maximum(), 0);
 }
 
 TEST_F(WindowTest, SaveWritesTheFileWithoutAChooser) {

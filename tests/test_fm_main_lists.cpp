@@ -286,9 +286,41 @@ TEST_F(ListsTest, DeleteSelectedLayersFromTheLayerListsMenu) {
   EXPECT_EQ(RightClickMenu(layers, 3, QStringLiteral("&Delete Selected Layers")), QStringLiteral("popLstLayer"));
   EXPECT_EQ(doc.layer_count, 3);
   EXPECT_EQ(layers->line_count(), 3);
-  EXPECT_EQ(doc.current_layer, -1);
-  EXPECT_FALSE(Button("cmdData")->isEnabled());
   EXPECT_EQ(Slider("scrLayer")->maximum(), 2);
+  // The layer now in the place of the first deleted one is current.
+  EXPECT_EQ(doc.current_layer, 2);
+  EXPECT_EQ(lists.layer_selected, (U8{0, 0, 1}));
+  EXPECT_EQ(List("lstData")->line_count(), 3);
+  EXPECT_TRUE(Button("cmdData")->isEnabled());
+  EXPECT_EQ(Status(1), QStringLiteral("L2> Z0.4"));
+  EXPECT_EQ(Status(2), QStringLiteral("Layer 2"));
+  EXPECT_EQ(Status(3), QStringLiteral("Data 0"));
+  // Without a layer after the deleted ones, the last one.
+  RightClickMenu(layers, 2, QStringLiteral("&Delete Selected Layers"));
+  EXPECT_EQ(doc.current_layer, 1);
+  EXPECT_EQ(Status(2), QStringLiteral("Layer 1"));
+}
+
+TEST_F(ListsTest, ViewAllAndSingleBringTheCaretBackAndKeepTheRowsOnViewAndTheMarks) {
+  ListBox* layers = List("lstLayer");
+  ClickLine(layers, 2);
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  ClickLine(List("lstData"), 1);
+  ClickLine(List("lstSelect"), 0);
+  const struct {
+    Qt::Key key;
+    const char* command;
+    U8 layers;
+  } cases[] = {{Qt::Key_Down, "View &All", {1, 1, 1, 1, 1}}, {Qt::Key_Up, "View &Single", {0, 0, 1, 0, 0}}};
+  for (const auto& c : cases) {
+    QTest::keyClick(layers, c.key, Qt::ControlModifier);
+    ASSERT_NE(lists.layer_caret, 2);
+    ChooseFromMenu(Button("cmdLayer"), QString::fromLatin1(c.command));
+    EXPECT_EQ(lists.layer_caret, 2) << c.command;
+    EXPECT_EQ(lists.layer_selected, c.layers) << c.command;
+    EXPECT_EQ(lists.data_selected, (U8{0, 1, 0})) << c.command;
+    EXPECT_EQ(lists.select_flag, (U8{0, 1, 0})) << c.command;
+  }
 }
 
 }  // namespace korvexed::testing
