@@ -3,6 +3,7 @@
 // that the editor, the CLI and the tests share it. The window's list
 // controls are views of it (Platform::list_* tell them what changed).
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -77,9 +78,10 @@ void SelectCommand(int index);
 void RefreshListsAfterEdit();
 
 // Keep the lists in step with one record of the current layer inserted at
-// (on view and marked) or removed from row r, and with one layer removed.
+// row r (on view and marked), with the records at `rows` (ascending, as
+// numbered before) removed, and with one layer removed.
 void ListRowInserted(int32_t r);
-void ListRowRemoved(int32_t r);
+void ListRowsRemoved(std::span<const int32_t> rows);
 void LayerRowRemoved(int32_t layer);
 // No layer current: the data and selection lists empty, their buttons and
 // the data slider disabled.

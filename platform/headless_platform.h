@@ -32,7 +32,7 @@ class HeadlessPlatform : public Platform {
   void set_busy(bool busy) override { busy_depth += busy ? 1 : -1; }
   bool locale_decimal_comma() const override { return decimal_comma; }
   void list_row_inserted(ListId, int) override {}
-  void list_row_removed(ListId, int) override {}
+  void list_rows_removed(ListId, std::span<const int32_t>) override {}
   void list_reset(ListId) override {}
   void list_refilled(ListId) override {}
   void set_list_button_enabled(ListId list, bool enabled) override { list_buttons[static_cast<size_t>(list)] = enabled; }

@@ -161,8 +161,8 @@ void QtPlatform::list_row_inserted(ListId list, int row) {
   if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_inserted(row);
 }
 
-void QtPlatform::list_row_removed(ListId list, int row) {
-  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_removed(row);
+void QtPlatform::list_rows_removed(ListId list, std::span<const int32_t> rows) {
+  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->rows_removed(rows);
 }
 
 void QtPlatform::list_reset(ListId list) {

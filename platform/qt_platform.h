@@ -46,7 +46,7 @@ class QtPlatform : public Platform {
   void set_busy(bool busy) override;
   bool locale_decimal_comma() const override;
   void list_row_inserted(ListId list, int row) override;
-  void list_row_removed(ListId list, int row) override;
+  void list_rows_removed(ListId list, std::span<const int32_t> rows) override;
   void list_reset(ListId list) override;
   void list_refilled(ListId list) override;
   void set_list_button_enabled(ListId list, bool enabled) override;
