@@ -4,7 +4,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QKeyEvent>
-#include <QScrollBar>
+#include <QSlider>
 
 #include "app/command_line.h"
 #include "app/icons/program_icon.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "document/document.h"
 #include "editing/list_state.h"
@@ -27,6 +28,19 @@ int32_t LayerKeptCurrent(int32_t line) {
   for (auto i = at(line) + 1; i < selected.size(); ++i)
     if (selected[i]) return static_cast<int32_t>(i);
   return line;
+}
+
+// A slider moved from `from` to `to`, by a drag, a click on its track, the
+// wheel or a jump: every line it passed over up to `to` is selected (the
+// one it left is not). True when one was not before.
+bool SelectPassedOver(std::vector<uint8_t>& selected, int32_t from, int32_t to) {
+  const int32_t step = to > from ? 1 : -1;
+  bool added = false;
+  for (int32_t i = from == to ? to : from + step; i != to + step; i += step) {
+    added |= !selected[at(i)];
+    selected[at(i)] = 1;
+  }
+  return added;
 }
 
 // Makes `line` selected and the caret, as a click on it would.
@@ -90,8 +104,10 @@ void LayerSliderChange(int32_t value, bool range_scroll) {
   if (!range_scroll) {
     std::fill(lists.layer_selected.begin(), lists.layer_selected.end(), 0);
     lists.layer_caret = -1;
-    platform().list_reset(ListId::layer);
+  } else if (doc.current_layer >= 0) {
+    SelectPassedOver(lists.layer_selected, doc.current_layer, value);
   }
+  platform().list_reset(ListId::layer);
   if (doc.current_layer != value) PickLayerLine(value);
 }
 
@@ -101,8 +117,9 @@ void DataSliderChange(int32_t value, bool range_scroll) {
     std::fill(lists.data_selected.begin(), lists.data_selected.end(), 0);
     lists.data_caret = -1;
   }
-  if (lists.data_selected[at(value)]) return;
-  lists.data_selected[at(value)] = 1;
+  // The slider stood at the caret row before it moved.
+  const int32_t from = lists.data_caret >= 0 ? lists.data_caret : value;
+  if (!SelectPassedOver(lists.data_selected, from, value)) return;
   lists.data_caret = value;
   platform().list_reset(ListId::data);
   DataClick();

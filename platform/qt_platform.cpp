@@ -10,7 +10,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMessageBox>
-#include <QScrollBar>
+#include <QAbstractSlider>
 #include <QSignalBlocker>
 #include <QStatusBar>
 
@@ -155,7 +155,7 @@ void QtPlatform::set_list(ListId list, ListBox* box, QWidget* button) {
   list_buttons_[static_cast<size_t>(list)] = button;
 }
 
-void QtPlatform::set_slider(SliderId slider, QScrollBar* bar) { sliders_[static_cast<size_t>(slider)] = bar; }
+void QtPlatform::set_slider(SliderId slider, QAbstractSlider* bar) { sliders_[static_cast<size_t>(slider)] = bar; }
 
 void QtPlatform::list_row_inserted(ListId list, int row) {
   if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_inserted(row);
@@ -178,7 +178,7 @@ void QtPlatform::set_list_button_enabled(ListId list, bool enabled) {
 }
 
 void QtPlatform::set_slider_range(SliderId slider, int maximum, bool enabled) {
-  QScrollBar* bar = sliders_[static_cast<size_t>(slider)];
+  QAbstractSlider* bar = sliders_[static_cast<size_t>(slider)];
   if (!bar) return;
   const QSignalBlocker quiet(bar);
   bar->setRange(0, maximum);
@@ -186,7 +186,7 @@ void QtPlatform::set_slider_range(SliderId slider, int maximum, bool enabled) {
 }
 
 void QtPlatform::set_slider_value(SliderId slider, int value) {
-  QScrollBar* bar = sliders_[static_cast<size_t>(slider)];
+  QAbstractSlider* bar = sliders_[static_cast<size_t>(slider)];
   if (!bar) return;
   const QSignalBlocker quiet(bar);
   bar->setValue(value);

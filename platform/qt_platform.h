@@ -12,7 +12,7 @@ class QAction;
 class QLabel;
 class QMenu;
 class QMainWindow;
-class QScrollBar;
+class QAbstractSlider;
 class QWidget;
 
 namespace korvexed {
@@ -60,7 +60,7 @@ class QtPlatform : public Platform {
 
   // The list control that shows `list`, and the button above it.
   void set_list(ListId list, ListBox* box, QWidget* button);
-  void set_slider(SliderId slider, QScrollBar* bar);
+  void set_slider(SliderId slider, QAbstractSlider* bar);
   // A pop-up menu of the drawing area and its items by index.
   void set_popup_menu(PopupMenu menu, QMenu* parent, std::vector<QAction*> items);
 
@@ -78,7 +78,7 @@ class QtPlatform : public Platform {
   QAction* export_ = nullptr;
   std::array<ListBox*, 3> lists_{};
   std::array<QWidget*, 3> list_buttons_{};
-  std::array<QScrollBar*, 2> sliders_{};
+  std::array<QAbstractSlider*, 2> sliders_{};
   std::array<QMenu*, 2> menus_{};
   std::array<std::vector<QAction*>, 2> menu_items_;
 };

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 #include <filesystem>
 #include <fstream>
@@ -178,7 +179,7 @@ TEST_F(WindowTest, AFailedOpenLeavesNothingShown) {
   std::string print = two_layers;
   for (int i = 0; i < 100; ++i) print += "; the top layer's notes\n";
   window_->LoadCommand(Write("long.gcode", print));
-  auto* slider = Control<QScrollBar>(QStringLiteral("scrLayer"));
+  auto* slider = Control<QSlider>(QStringLiteral("scrLayer"));
   slider->setValue(2);
   QScrollBar* rows = Control<ListBox>(QStringLiteral("lstData"))->verticalScrollBar();
   ASSERT_GT(rows->maximum(), 0);
@@ -279,7 +280,7 @@ TEST_F(WindowTest, HelpShowsTheManualInTwoBoxesAndTheVersionInAbout) {
 }
 
 TEST_F(WindowTest, PlusAndMinusStepTheLayerSliderAndBeepAtTheEnds) {
-  auto* slider = Control<QScrollBar>(QStringLiteral("scrLayer"));
+  auto* slider = Control<QSlider>(QStringLiteral("scrLayer"));
   // Without a document the keys do nothing.
   QTest::keyClick(window_.get(), Qt::Key_Plus);
   EXPECT_EQ(slider->value(), 0);

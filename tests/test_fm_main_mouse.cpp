@@ -9,7 +9,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QRadioButton>
-#include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 #include <QTimer>
 #include <deque>
@@ -363,7 +363,7 @@ TEST_F(MouseTest, AShakeOnAClickMovesNothingAndADragFollowsTheWholeOffsetFromThe
 }
 
 TEST_F(MouseTest, AfterEveryEditTheDataSliderReachesEachRecordAndTheStatusCountsTheMarks) {
-  auto* slider = Control<QScrollBar>(QStringLiteral("scrData"));
+  auto* slider = Control<QSlider>(QStringLiteral("scrData"));
   Mark({2});
   popups_.items = {"poSelectEdit_4"};
   Click(Qt::RightButton, At(10, 2));
