@@ -19,7 +19,11 @@ void FmMain::poFile_Click(int index) {
     case 0: {
       if (!AskSaveChanges()) return;
       const std::string path = platform().ask_open_file_name();
-      if (!path.empty()) LoadCommand(path);
+      if (path.empty()) return;
+      // Painted before the load starts: no piece of the closed chooser
+      // stays on screen while it runs.
+      repaint();
+      LoadCommand(path);
       break;
     }
     case 1: SaveFileFunc(code_save); break;

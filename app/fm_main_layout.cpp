@@ -190,7 +190,9 @@ void FmMain::ArrangeDrawArea() {
   const int top = picTool_->sizeHint().height();
   const int height = std::max(0, body_->height() - top);
   picTool_->setGeometry(0, 0, body_->width(), top);
-  const int panel = std::min(panel_now_, std::max(0, body_->width() - splitter_width));
+  // A window made narrower than the panel was dragged wide still keeps its
+  // drawing area.
+  const int panel = std::min(panel_now_, std::max(0, body_->width() - splitter_width - min_draw_width));
   panelGCode_->setGeometry(0, top, panel, height);
   LeftPanelSize_->setGeometry(panel, top, splitter_width, height);
   const int left = panel + splitter_width;

@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
 #include <QFile>
@@ -10,9 +11,10 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMessageBox>
-#include <QAbstractSlider>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QStatusBar>
+#include <algorithm>
 
 #include "controls/list_box.h"
 #include "editing/fm_text_input.h"
@@ -91,6 +93,14 @@ QString QtPlatform::status_text(int panel) const {
 
 MsgAnswer QtPlatform::message_box(std::string_view text, MsgIcon icon, MsgButtons buttons) {
   QMessageBox box(ToQtIcon(icon), title_, ToQString(text), ToQtButtons(buttons), &window_);
+  // As wide as its widest line (within the screen): a line is never broken
+  // in the middle.
+  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+    int widest = 0;
+    for (const QString& line : box.text().split(QLatin1Char('\n')))
+      widest = std::max(widest, label->fontMetrics().horizontalAdvance(line) + 1);
+    label->setMinimumWidth(std::min(widest, window_.screen()->availableGeometry().width() * 4 / 5));
+  }
   const NormalPointer pointer;
   return FromQtButton(box.exec());
 }

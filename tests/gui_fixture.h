@@ -33,6 +33,7 @@ class DialogWatcher {
     QString text;
     QMessageBox::Icon icon;
     QMessageBox::StandardButtons buttons;
+    bool lines_whole;  // the box is wide enough for each line of its text
   };
   struct Chooser {
     QFileDialog::AcceptMode mode;

@@ -272,6 +272,7 @@ TEST_F(WindowTest, HelpShowsTheManualInTwoBoxesAndTheVersionInAbout) {
   ASSERT_EQ(dialogs_.seen.size(), 2u);
   EXPECT_TRUE(dialogs_.seen[0].text.startsWith(QStringLiteral("For now, the Basic Parts are just:\n1) Open")));
   EXPECT_TRUE(dialogs_.seen[0].text.endsWith(QStringLiteral("another file,\nleaving original file as backup.)")));
+  EXPECT_TRUE(dialogs_.seen[0].lines_whole);
   EXPECT_TRUE(dialogs_.seen[1].text.endsWith(QStringLiteral("time.\n \nThank you for your kind respond.")));
   EXPECT_EQ(dialogs_.seen[1].icon, QMessageBox::Information);
   Button(11)->click();
@@ -311,7 +312,11 @@ TEST_F(WindowTest, TheSidePanelFoldsAndTheDrawingAreaFollows) {
 TEST_F(WindowTest, NothingOverlapsAtSmallAndLargeSizes) {
   const char* const controls[] = {"picTool", "panelGCode", "LeftPanelSize", "cntDraw"};
   const char* const drawing[] = {"horzRuler", "vertRuler", "picDraw", "lblLayerScr", "scrLayer", "lblDataScr", "scrData"};
-  for (const QSize size : {QSize(1024, 700), QSize(1920, 1080)}) {
+  // Room for a title bar and a desktop panel on a 1366 x 768 screen, and a
+  // drawing area of at least half the width.
+  EXPECT_LE(window_->frameGeometry().height(), 700);
+  EXPECT_GE(Control<QWidget>(QStringLiteral("cntDraw"))->width(), window_->width() / 2);
+  for (const QSize size : {window_->minimumSize(), QSize(1024, 700), QSize(1920, 1080)}) {
     window_->resize(size);
     QApplication::processEvents();
     SCOPED_TRACE(size.width());
@@ -327,7 +332,8 @@ TEST_F(WindowTest, NothingOverlapsAtSmallAndLargeSizes) {
     };
     check(controls, window_->centralWidget());
     check(drawing, Control<QWidget>(QStringLiteral("cntDraw")));
-    EXPECT_GE(Control<QWidget>(QStringLiteral("picDraw"))->height(), 300);
+    EXPECT_GE(Control<QWidget>(QStringLiteral("picDraw"))->height(), 250);
+    EXPECT_GE(Control<QWidget>(QStringLiteral("picDraw"))->width(), 200);
   }
 }
 
