@@ -75,7 +75,7 @@ void FmMain::SaveFileFunc(uint8_t code) {
   }
 }
 
-std::string FmMain::AskNewSaveFileName() { return platform().ask_save_file_name(); }
+std::string FmMain::AskNewSaveFileName() { return platform().ask_save_file_name(doc.file_name); }
 
 bool FmMain::AskSaveChanges() {
   if (!doc.modified) return true;

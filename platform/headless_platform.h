@@ -26,7 +26,7 @@ class HeadlessPlatform : public Platform {
   bool document_controls_enabled() const override { return controls_enabled; }
   void set_export_enabled(bool enabled) override { export_enabled = enabled; }
   std::string ask_open_file_name() override { return next_file_name(); }
-  std::string ask_save_file_name() override { return next_file_name(); }
+  std::string ask_save_file_name(const std::string&) override { return next_file_name(); }
   void beep() override { ++beeps; }
   Modifiers key_state() const override { return modifiers; }
   void set_busy(bool busy) override { busy_depth += busy ? 1 : -1; }

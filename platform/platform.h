@@ -41,9 +41,10 @@ class Platform {
   virtual void set_export_enabled(bool enabled) = 0;
 
   // The G-code file choosers: Open takes only an existing file, Save asks
-  // before replacing one. "" when the user cancels.
+  // before replacing one and starts from `suggested` (its folder and name).
+  // "" when the user cancels.
   virtual std::string ask_open_file_name() = 0;
-  virtual std::string ask_save_file_name() = 0;
+  virtual std::string ask_save_file_name(const std::string& suggested) = 0;
   virtual void beep() = 0;
 
   virtual Modifiers key_state() const = 0;

@@ -126,11 +126,20 @@ void QtPlatform::set_export_enabled(bool enabled) {
   if (export_) export_->setEnabled(enabled);
 }
 
-std::string QtPlatform::ask_open_file_name() { return AskFileName(QFileDialog::AcceptOpen); }
-std::string QtPlatform::ask_save_file_name() { return AskFileName(QFileDialog::AcceptSave); }
+std::string QtPlatform::ask_open_file_name() {
+  const std::string path = AskFileName(QFileDialog::AcceptOpen, last_folder_);
+  if (!path.empty()) last_folder_ = QFileInfo(QFile::decodeName(path.c_str())).absolutePath();
+  return path;
+}
 
-std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode) {
-  QFileDialog dialog(&window_, QString(), last_folder_, QStringLiteral("KISSlicer/Slic3r/Skeinforge/Cura GCode Output File (*.gcode *.g)"));
+// Not remembered: a folder where the save then fails (one in /proc, say)
+// must not be where the next chooser starts.
+std::string QtPlatform::ask_save_file_name(const std::string& suggested) {
+  return AskFileName(QFileDialog::AcceptSave, QFile::decodeName(suggested.c_str()));
+}
+
+std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode, const QString& start) {
+  QFileDialog dialog(&window_, QString(), start, QStringLiteral("KISSlicer/Slic3r/Skeinforge/Cura GCode Output File (*.gcode *.g)"));
   dialog.setAcceptMode(mode);
   // Open takes only a file that exists; Save asks before replacing one.
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -139,9 +148,7 @@ std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode) {
     const NormalPointer pointer;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   }
-  const QString path = dialog.selectedFiles().front();
-  last_folder_ = QFileInfo(path).absolutePath();
-  return QFile::encodeName(path).toStdString();
+  return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
 }
 
 void QtPlatform::beep() { QApplication::beep(); }

@@ -40,7 +40,7 @@ class QtPlatform : public Platform {
   bool document_controls_enabled() const override;
   void set_export_enabled(bool enabled) override;
   std::string ask_open_file_name() override;
-  std::string ask_save_file_name() override;
+  std::string ask_save_file_name(const std::string& suggested) override;
   void beep() override;
   Modifiers key_state() const override;
   void set_busy(bool busy) override;
@@ -65,11 +65,12 @@ class QtPlatform : public Platform {
   void set_popup_menu(PopupMenu menu, QMenu* parent, std::vector<QAction*> items);
 
  private:
-  std::string AskFileName(QFileDialog::AcceptMode mode);
+  // `start`: a folder, or a file whose folder and name the chooser starts from.
+  std::string AskFileName(QFileDialog::AcceptMode mode, const QString& start);
 
   QMainWindow& window_;
   QString title_;
-  // The file choosers open where the last file was chosen.
+  // The Open chooser opens where the last file was opened.
   QString last_folder_;
   std::array<QLabel*, 3> panels_{};
   std::vector<QAction*> actions_;

@@ -24,7 +24,8 @@ DialogWatcher::DialogWatcher() {
 void DialogWatcher::Answer() {
   QWidget* modal = QApplication::activeModalWidget();
   if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
-    choosers.push_back({chooser->acceptMode(), chooser->fileMode(), chooser->nameFilters()});
+    choosers.push_back({chooser->acceptMode(), chooser->fileMode(), chooser->nameFilters(),
+                        chooser->selectedFiles().value(0)});
     if (paths.empty()) return chooser->reject();
     chooser->selectFile(paths.front());
     paths.pop_front();

@@ -39,6 +39,7 @@ class DialogWatcher {
     QFileDialog::AcceptMode mode;
     QFileDialog::FileMode file_mode;
     QStringList filters;
+    QString start;  // the file (or folder) chosen when it opened
   };
 
   DialogWatcher();

@@ -175,6 +175,16 @@ TEST_F(WindowTest, TheTitleFollowsLoadsSavesAndExports) {
   EXPECT_FALSE(Item(QStringLiteral("poFile_1"))->isEnabled());
 }
 
+TEST_F(WindowTest, SaveAsAndExportStartFromTheDocumentAndAFailedSaveIsNotWhereTheNextStarts) {
+  const std::string path = LoadExample();
+  dialogs_.paths = {QStringLiteral("/proc/print.gcode")};
+  Item(QStringLiteral("poFile_2"))->trigger();
+  EXPECT_EQ(Status(), QStringLiteral("Save failed /proc/print.gcode"));
+  Item(QStringLiteral("poExport_0"))->trigger();
+  ASSERT_EQ(dialogs_.choosers.size(), 2u);
+  for (const auto& chooser : dialogs_.choosers) EXPECT_EQ(chooser.start, Q(path));
+}
+
 TEST_F(WindowTest, AFailedOpenLeavesNothingShown) {
   std::string print = two_layers;
   for (int i = 0; i < 100; ++i) print += "; the top layer's notes\n";
