@@ -4,7 +4,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QKeyEvent>
-#include <QScrollBar>
+#include <QSlider>
 
 #include "app/command_line.h"
 #include "app/icons/program_icon.h"
@@ -56,7 +56,11 @@ FmMain::FmMain(const std::vector<std::string>& arguments)
   ConnectDrawingArea();
   // The window sees "+" and "-" before the control that has the focus.
   qApp->installEventFilter(this);
-  resize(1120, 760);
+  // Fits a 1366 x 768 screen below its title bar and beside a desktop
+  // panel; below the minimum the drawing with its rulers, the sliders and
+  // the first status panel would no longer be of use.
+  resize(1120, 680);
+  setMinimumSize(720, 480);
 }
 
 FmMain::~FmMain() {

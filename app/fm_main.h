@@ -17,7 +17,7 @@ class QAction;
 class QLabel;
 class QMenu;
 class QPushButton;
-class QScrollBar;
+class QSlider;
 
 namespace korvexed {
 
@@ -144,8 +144,8 @@ class FmMain : public QMainWindow {
   RulerBar* horzRuler_ = nullptr;
   RulerBar* vertRuler_ = nullptr;
   DrawArea* picDraw_ = nullptr;
-  QScrollBar* scrLayer_ = nullptr;
-  QScrollBar* scrData_ = nullptr;
+  QSlider* scrLayer_ = nullptr;
+  QSlider* scrData_ = nullptr;
   QLabel* lblLayerScr_ = nullptr;
   QLabel* lblDataScr_ = nullptr;
 

@@ -19,7 +19,11 @@ void FmMain::poFile_Click(int index) {
     case 0: {
       if (!AskSaveChanges()) return;
       const std::string path = platform().ask_open_file_name();
-      if (!path.empty()) LoadCommand(path);
+      if (path.empty()) return;
+      // Painted before the load starts: no piece of the closed chooser
+      // stays on screen while it runs.
+      repaint();
+      LoadCommand(path);
       break;
     }
     case 1: SaveFileFunc(code_save); break;
@@ -47,6 +51,7 @@ void FmMain::LoadCommand(const std::string& path) {
   } else {
     doc.file_name.clear();
     SetCaption();
+    EmptyLists();
     ShowStatus("Load failed " + path, 1);
   }
   RedrawView();
@@ -70,7 +75,7 @@ void FmMain::SaveFileFunc(uint8_t code) {
   }
 }
 
-std::string FmMain::AskNewSaveFileName() { return platform().ask_save_file_name(); }
+std::string FmMain::AskNewSaveFileName() { return platform().ask_save_file_name(doc.file_name); }
 
 bool FmMain::AskSaveChanges() {
   if (!doc.modified) return true;

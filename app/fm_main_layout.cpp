@@ -5,7 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QSlider>
 #include <algorithm>
 
 #include "app/fm_main.h"
@@ -173,11 +173,13 @@ void FmMain::BuildDrawingArea() {
   lblLayerScr_->setObjectName(QStringLiteral("lblLayerScr"));
   lblDataScr_ = new QLabel(QStringLiteral("Data Slider:"), cntDraw_);
   lblDataScr_->setObjectName(QStringLiteral("lblDataScr"));
-  scrLayer_ = new QScrollBar(Qt::Horizontal, cntDraw_);
+  // Sliders, not scroll bars: their handles keep one small size however
+  // few layers or records they step through.
+  scrLayer_ = new QSlider(Qt::Horizontal, cntDraw_);
   scrLayer_->setObjectName(QStringLiteral("scrLayer"));
-  scrData_ = new QScrollBar(Qt::Horizontal, cntDraw_);
+  scrData_ = new QSlider(Qt::Horizontal, cntDraw_);
   scrData_->setObjectName(QStringLiteral("scrData"));
-  for (QScrollBar* slider : {scrLayer_, scrData_}) {
+  for (QSlider* slider : {scrLayer_, scrData_}) {
     slider->setRange(0, 0);
     platform_.add_document_control(slider);
   }
@@ -188,7 +190,9 @@ void FmMain::ArrangeDrawArea() {
   const int top = picTool_->sizeHint().height();
   const int height = std::max(0, body_->height() - top);
   picTool_->setGeometry(0, 0, body_->width(), top);
-  const int panel = std::min(panel_now_, std::max(0, body_->width() - splitter_width));
+  // A window made narrower than the panel was dragged wide still keeps its
+  // drawing area.
+  const int panel = std::min(panel_now_, std::max(0, body_->width() - splitter_width - min_draw_width));
   panelGCode_->setGeometry(0, top, panel, height);
   LeftPanelSize_->setGeometry(panel, top, splitter_width, height);
   const int left = panel + splitter_width;

@@ -2,7 +2,7 @@
 // pop-up menus. The lists' logic decides; this file only connects it.
 #include <QMenu>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QSlider>
 
 #include "app/fm_main.h"
 #include "controls/list_box.h"
@@ -58,12 +58,12 @@ void FmMain::ConnectLists() {
 
   // A move of the thumb, a click on the track and the "+" and "-" keys all
   // change the value; setting it from the logic does not.
-  connect(scrLayer_, &QScrollBar::valueChanged, this,
+  connect(scrLayer_, &QSlider::valueChanged, this,
           [this](int value) { LayerSliderChange(value, setting(layer_range_scroll)); });
-  connect(scrData_, &QScrollBar::valueChanged, this,
+  connect(scrData_, &QSlider::valueChanged, this,
           [this](int value) { DataSliderChange(value, setting(data_range_scroll)); });
   // The keyboard never drives the sliders: their focus goes to the drawing.
-  for (QScrollBar* slider : {scrLayer_, scrData_}) {
+  for (QSlider* slider : {scrLayer_, scrData_}) {
     slider->setFocusPolicy(Qt::ClickFocus);
     slider->setFocusProxy(picDraw_);
   }

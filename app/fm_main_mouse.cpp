@@ -4,6 +4,7 @@
 #include "app/fm_main.h"
 
 #include "controls/list_box.h"
+#include "document/document.h"
 #include "view/draw_area.h"
 #include "view/korvexed_graphic.h"
 #include "view/mouse_gesture.h"
@@ -16,6 +17,7 @@ void FmMain::ConnectDrawingArea() {
 }
 
 void FmMain::poSelectEdit_Click(int index) {
+  if (!IsDocumentLoaded()) return;  // their shortcuts work before a file is open
   bool changed = false;
   switch (index) {
     case 2: changed = EditSelectedDataDialog(); break;

@@ -9,7 +9,8 @@
 
 namespace korvexed::bench {
 
-std::string WriteLongLayerPrint(const std::string& name, int32_t records, int columns, double spacing) {
+std::string WriteLongLayerPrint(const std::string& name, int32_t records, int columns, double spacing,
+                                int later_layers) {
   const std::string path = KORVEXED_BENCH_DIR "/" + name;
   std::ofstream out(path, std::ios::binary);
   out << "G21\nG92 E0\nG1 Z0.2 F1800\n";
@@ -22,7 +23,11 @@ std::string WriteLongLayerPrint(const std::string& name, int32_t records, int co
     if (column != 0) out << " E" << (e += e_per_move);
     out << '\n';
   }
-  out << "G1 Z0.4\nG1 X30 Y30 E" << e + 1 << '\n';
+  out << "G1 Z0.4\nG1 X30 Y30 E" << (e += 1) << '\n';
+  for (int layer = 0; layer < later_layers; ++layer) {
+    out << "G1 Z" << 0.6 + 0.2 * layer << '\n';
+    for (int i = 0; i < 5000; ++i) out << "G1 X" << 20 + i % 100 * 0.5 << " Y" << 20 + i / 100 << " E" << (e += 0.02) << '\n';
+  }
   return path;
 }
 

@@ -22,8 +22,10 @@ const BenchFile& GuiPrint();
 // Writes `name` beside the benchmark prints and returns its path. Layer 1
 // holds `records` records: its Z move, then rows of `columns` moves
 // `spacing` mm apart, each row reached by a travel, like a slicer's infill.
-// Layer 2 is one short move.
-std::string WriteLongLayerPrint(const std::string& name, int32_t records, int columns, double spacing);
+// Layer 2 is one short move; `later_layers` layers of 5,000 moves each
+// follow it. E runs on from layer 1 to the end, with no G92.
+std::string WriteLongLayerPrint(const std::string& name, int32_t records, int columns, double spacing,
+                                int later_layers = 0);
 
 // The window as a person sees it, at `size`, with `path` open.
 std::unique_ptr<FmMain> OpenWindow(const std::string& path, QSize size);

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QSlider>
 #include <string>
 #include <vector>
 
@@ -127,7 +128,7 @@ void DeleteMarkedVerticesOfLongLayer(benchmark::State& state) {
 // iteration is the whole drag; its time is the mean step.
 void DragLayerSlider(benchmark::State& state) {
   const auto window = OpenWindow(GuiPrint().path, window_size);
-  auto* slider = Control<QScrollBar>(*window, "scrLayer");
+  auto* slider = Control<QSlider>(*window, "scrLayer");
   const int last = slider->maximum();
   if (last < 1) state.SkipWithError("the print was not loaded");
   StepTimer timer;

@@ -66,9 +66,11 @@ void ListBox::row_inserted(int row) {
   ResetSoon();
 }
 
-void ListBox::row_removed(int row) {
-  if (row < top_line()) set_top_line(top_line() - 1);
-  if (anchor_ > row) --anchor_;
+void ListBox::rows_removed(std::span<const int32_t> rows) {
+  // The lines on screen stay where they are.
+  const auto before = [&](int line) { return static_cast<int>(std::lower_bound(rows.begin(), rows.end(), line) - rows.begin()); };
+  set_top_line(top_line() - before(top_line()));
+  anchor_ -= before(anchor_);
   ResetSoon();
 }
 

@@ -5,6 +5,7 @@
 #include <QAbstractScrollArea>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,8 @@ class ListBox : public QAbstractScrollArea {
   // The owner changed the lines: keep the top line and the scroll range in
   // step, and repaint.
   void row_inserted(int row);
-  void row_removed(int row);
+  // `rows`: ascending, numbered as before the removal.
+  void rows_removed(std::span<const int32_t> rows);
   void reset();
   // New lines: shown from the first.
   void refilled();

@@ -62,10 +62,13 @@ bool DeleteSelectedDataCommand(bool rows_allowed) {
 }
 
 bool DeleteSelectedLayersCommand() {
+  const int32_t first = FirstSelected(lists.layer_selected);
   if (delete_selected_layers() == 0) return false;
   doc.modified = true;
   RefreshLayerCaptions();
-  ClearCurrentLayer();
+  // The layer that took the place of the first deleted one, else the last,
+  // becomes current as a click on it would make it.
+  ShowSingleLayer(std::min(first, doc.layer_count - 1));
   return true;
 }
 
@@ -103,9 +106,9 @@ bool TranslateDialog() {
 bool EditSelectedDataDialog() {
   int32_t r = lists.data_caret;
   if (!lists.row_to_g.empty()) {
-    const auto line = std::find_if(lists.select_line.begin(), lists.select_line.end(), [](uint8_t s) { return s != 0; });
-    if (line == lists.select_line.end()) return false;
-    r = lists.row_to_g[static_cast<size_t>(line - lists.select_line.begin())];
+    const int32_t line = FirstSelected(lists.select_line);
+    if (line < 0) return false;
+    r = lists.row_to_g[static_cast<size_t>(line)];
   }
   return r >= 0 && TextInput(r);
 }

@@ -15,7 +15,8 @@ bool TranslateCommand(double rotation, double ox, double oy);
 // Delete Selected Data: marked vertices, then (when `rows_allowed`) the
 // selected G92 and text rows.
 bool DeleteSelectedDataCommand(bool rows_allowed);
-// Delete Selected Layers; afterwards no layer is current.
+// Delete Selected Layers; afterwards the layer in the place of the first
+// deleted one (else the last) is current and alone on view.
 bool DeleteSelectedLayersCommand();
 // Insert Point(s) before move r: one point at (x, y) for count 1, else
 // count points spread evenly.

@@ -1,9 +1,13 @@
 // Deleting marked vertices, selected data rows and selected layers, with
 // the re-derivation of the move that then starts elsewhere.
 #include <algorithm>
+#include <cmath>
+#include <span>
+#include <vector>
 
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
+#include "editing/move_length.h"
 #include "platform/platform.h"
 
 namespace korvexed {
@@ -17,31 +21,72 @@ void rederive_next_move(coor_data p, int32_t p_layer, int32_t layer, int32_t r) 
   if (n >= 0) rederive_move(p, p_layer, layer, n);
 }
 
+// Re-derives move n of `layer` after the vertices `run` (in file order,
+// nothing but other records between them and n) are deleted, as deleting
+// them one by one from the last would: each deletion measures the move anew
+// from the state before the vertex deleted. Returns the change of its E.
+double rederive_after_run(std::span<const int32_t> run, int32_t layer, int32_t n) {
+  const int32_t cur = doc.current_layer;
+  coor_data& m = doc.coor(layer, n);
+  coor_data p;
+  for (auto it = run.rbegin(); it != run.rend(); ++it) {
+    int32_t p_layer = cur;
+    p = get_state_before(p_layer, *it - 1);
+    const double l2 = refit_length_sq(p, p_layer, layer, n);
+    keep_extrusion_rate(m, l2);
+    set_move_length(m, l2);
+  }
+  const double e = p.e + m.e_delta;
+  const double delta = e - m.e;
+  m.e = e;
+  return std::fabs(delta) > negligible ? delta : 0;
+}
+
 }  // namespace
 
 int32_t delete_marked_vertices() {
   const int32_t cur = doc.current_layer;
-  int32_t deleted = 0;
-  for (auto k = static_cast<int32_t>(lists.row_to_g.size()) - 1; k >= 0; --k) {
-    const int32_t r = lists.row_to_g[static_cast<size_t>(k)];
-    if (!lists.select_flag[static_cast<size_t>(r)]) continue;
-    if (doc.layer(cur).coor_count < 2) {
-      platform().message_box("Layer must contains at least 1 coor (G0/G1) data", MsgIcon::information, MsgButtons::ok);
-      break;
+  const layer_data& ly = doc.layer(cur);
+  std::vector<int32_t> marked;
+  for (const int32_t r : lists.row_to_g)
+    if (lists.select_flag[static_cast<size_t>(r)]) marked.push_back(r);
+  // The layer keeps at least one move: the first marked vertices stay.
+  const auto allowed = static_cast<size_t>(std::max(ly.coor_count - 1, 0));
+  const bool refused = marked.size() > allowed;
+  if (refused) marked.erase(marked.begin(), marked.end() - static_cast<std::ptrdiff_t>(allowed));
+
+  // One walk from the first deleted vertex to the end of the layer: the
+  // move after each run of deleted vertices is re-derived, and the changes
+  // of E are carried on as one sum (`owed`), so an E may differ from
+  // deleting vertex by vertex in the last bits of a double.
+  double owed = 0;
+  size_t run_begin = 0, next_marked = 0;
+  for (int32_t r = marked.empty() ? ly.g_count : marked.front(); r < ly.g_count; ++r) {
+    const g_entry& entry = ly.g[static_cast<size_t>(r)];
+    if (restarts_e(entry)) owed = 0;
+    if (!is_move(entry.kind)) continue;
+    doc.coor(entry).e += owed;
+    if (next_marked < marked.size() && marked[next_marked] == r) {
+      int32_t p_layer = cur;
+      const coor_data p = get_state_before(p_layer, r - 1);
+      check_d_delta(p, p_layer, cur, r);
+      ++next_marked;
+      continue;
     }
-    int32_t p_layer = cur;
-    const coor_data p = get_state_before(p_layer, r - 1);
-    check_d_delta(p, p_layer, cur, r);
-    // G92 resets between the vertex and the next move are gathered into the
-    // deleted vertex, not into p.
-    coor_data gathered = doc.coor(cur, r);
-    int32_t n_layer = cur;
-    const int32_t n = find_next_move(n_layer, r + 1, gathered);
-    if (n >= 0) rederive_move(p, p_layer, n_layer, n);
-    delete_record(cur, r);
-    ++deleted;
+    if (run_begin < next_marked) owed += rederive_after_run({&marked[run_begin], next_marked - run_begin}, cur, r);
+    run_begin = next_marked;
   }
-  return deleted;
+  shift_e_after(cur + 1, 0, owed);
+  if (run_begin < next_marked) {
+    // The run reaches the end of the layer: the first move after it follows.
+    coor_data gathered;
+    int32_t n_layer = cur + 1;
+    const int32_t n = find_next_move(n_layer, 0, gathered);
+    if (n >= 0) shift_e_after(n_layer, n + 1, rederive_after_run({&marked[run_begin], next_marked - run_begin}, n_layer, n));
+  }
+  delete_records(cur, marked);
+  if (refused) platform().message_box("Layer must contains at least 1 coor (G0/G1) data", MsgIcon::information, MsgButtons::ok);
+  return static_cast<int32_t>(marked.size());
 }
 
 int32_t delete_selected_rows() {

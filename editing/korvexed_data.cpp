@@ -4,7 +4,6 @@
 #include <cmath>
 #include <string>
 
-#include "editing/e_shift.h"
 #include "editing/list_state.h"
 #include "editing/move_length.h"
 #include "platform/platform.h"
@@ -72,27 +71,19 @@ int32_t find_next_move(int32_t& layer, int32_t r, coor_data& state) {
   return -1;
 }
 
-bool add_to_e_in_layer(int32_t layer, int32_t r, std::span<const double> deltas) {
-  const layer_data& ly = doc.layer(layer);
-  for (int32_t i = r; i < ly.g_count; ++i) {
-    const g_entry& entry = ly.g[static_cast<size_t>(i)];
-    if (is_move(entry.kind)) {
-      double& e = doc.coor(entry).e;
-      for (const double delta : deltas) e += delta;
-    } else if (entry.kind == line_kind::g92 && doc.coor(entry).e != no_value) {
-      return false;  // the extrusion restarts here
+void shift_e_after(int32_t layer, int32_t r, double delta) {
+  if (std::fabs(delta) <= negligible) return;
+  for (; layer < doc.layer_count; ++layer, r = 0) {
+    const layer_data& ly = doc.layer(layer);
+    for (int32_t i = r; i < ly.g_count; ++i) {
+      const g_entry& entry = ly.g[static_cast<size_t>(i)];
+      if (is_move(entry.kind)) doc.coor(entry).e += delta;
+      else if (restarts_e(entry)) return;
     }
   }
-  return true;
 }
 
-void add_to_e_from(int32_t layer, int32_t r, std::span<const double> deltas) {
-  for (int32_t l = layer; l < doc.layer_count && add_to_e_in_layer(l, r, deltas); ++l) r = 0;
-}
-
-void shift_e_after(int32_t layer, int32_t r, double delta) {
-  if (std::fabs(delta) > negligible) add_to_e_from(layer, r, {&delta, 1});
-}
+bool restarts_e(const g_entry& entry) { return entry.kind == line_kind::g92 && doc.coor(entry).e != no_value; }
 
 void insert_record_before(int32_t layer, int32_t r) {
   layer_data& ly = doc.layer(layer);
@@ -106,13 +97,24 @@ void insert_record_before(int32_t layer, int32_t r) {
   if (layer == doc.current_layer) ListRowInserted(r);
 }
 
-void delete_record(int32_t layer, int32_t r) {
+void delete_record(int32_t layer, int32_t r) { delete_records(layer, {&r, 1}); }
+
+void delete_records(int32_t layer, std::span<const int32_t> rows) {
   layer_data& ly = doc.layer(layer);
-  const bool was_move = is_move(ly.g[static_cast<size_t>(r)].kind);
-  std::copy(ly.g.begin() + r + 1, ly.g.begin() + ly.g_count, ly.g.begin() + r);
-  --ly.g_count;
-  if (was_move) --ly.coor_count;
-  if (layer == doc.current_layer) ListRowRemoved(r);
+  // The entries that stay close up in one pass.
+  int32_t kept = 0;
+  size_t next = 0;
+  for (int32_t i = 0; i < ly.g_count; ++i) {
+    const g_entry entry = ly.g[static_cast<size_t>(i)];
+    if (next < rows.size() && rows[next] == i) {
+      ++next;
+      if (is_move(entry.kind)) --ly.coor_count;
+      continue;
+    }
+    ly.g[static_cast<size_t>(kept++)] = entry;
+  }
+  ly.g_count = kept;
+  if (layer == doc.current_layer) ListRowsRemoved(rows);
 }
 
 void rederive_move(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {

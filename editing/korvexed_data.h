@@ -3,6 +3,7 @@
 // move, e = e of the state before it + e_delta, and d_delta = squared
 // distance from that state.
 #include <cstdint>
+#include <span>
 
 #include "document/document.h"
 
@@ -16,11 +17,15 @@ coor_data get_state_before(int32_t& layer, int32_t r);
 // passed on the way update `state`. -1 (and `layer` = layer count) if none.
 int32_t find_next_move(int32_t& layer, int32_t r, coor_data& state);
 // Adds delta to e of every move from record r on, up to the first G92
-// that gives E.
+// that gives E (a negligible delta is left alone).
 void shift_e_after(int32_t layer, int32_t r, double delta);
+// A G92 that gives E: the extrusion counts on from it, not from before.
+bool restarts_e(const g_entry& entry);
 // Opens a new move record at r (kind of the record it displaces).
 void insert_record_before(int32_t layer, int32_t r);
 void delete_record(int32_t layer, int32_t r);
+// Removes the records `rows` (ascending) of `layer` at once.
+void delete_records(int32_t layer, std::span<const int32_t> rows);
 
 // Re-derives move r of `layer` after one of its ends moved, from state p
 // found in layer p_layer, and carries the change of its E on.

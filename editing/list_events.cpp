@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "document/document.h"
 #include "editing/list_state.h"
@@ -27,6 +28,19 @@ int32_t LayerKeptCurrent(int32_t line) {
   for (auto i = at(line) + 1; i < selected.size(); ++i)
     if (selected[i]) return static_cast<int32_t>(i);
   return line;
+}
+
+// A slider moved from `from` to `to`, by a drag, a click on its track, the
+// wheel or a jump: every line it passed over up to `to` is selected (the
+// one it left is not). True when one was not before.
+bool SelectPassedOver(std::vector<uint8_t>& selected, int32_t from, int32_t to) {
+  const int32_t step = to > from ? 1 : -1;
+  bool added = false;
+  for (int32_t i = from == to ? to : from + step; i != to + step; i += step) {
+    added |= !selected[at(i)];
+    selected[at(i)] = 1;
+  }
+  return added;
 }
 
 // Makes `line` selected and the caret, as a click on it would.
@@ -90,8 +104,10 @@ void LayerSliderChange(int32_t value, bool range_scroll) {
   if (!range_scroll) {
     std::fill(lists.layer_selected.begin(), lists.layer_selected.end(), 0);
     lists.layer_caret = -1;
-    platform().list_reset(ListId::layer);
+  } else if (doc.current_layer >= 0) {
+    SelectPassedOver(lists.layer_selected, doc.current_layer, value);
   }
+  platform().list_reset(ListId::layer);
   if (doc.current_layer != value) PickLayerLine(value);
 }
 
@@ -101,8 +117,9 @@ void DataSliderChange(int32_t value, bool range_scroll) {
     std::fill(lists.data_selected.begin(), lists.data_selected.end(), 0);
     lists.data_caret = -1;
   }
-  if (lists.data_selected[at(value)]) return;
-  lists.data_selected[at(value)] = 1;
+  // The slider stood at the caret row before it moved.
+  const int32_t from = lists.data_caret >= 0 ? lists.data_caret : value;
+  if (!SelectPassedOver(lists.data_selected, from, value)) return;
   lists.data_caret = value;
   platform().list_reset(ListId::data);
   DataClick();
@@ -120,18 +137,20 @@ void LayerViewCommand(int index) {
   }
   // Single or All around the current layer; with none, layer 1 (or the
   // only one) becomes current.
-  if (doc.current_layer < 0) doc.current_layer = doc.layer_count > 1 ? 1 : 0;
+  const bool had_current = doc.current_layer >= 0;
+  if (!had_current) doc.current_layer = doc.layer_count > 1 ? 1 : 0;
   const int32_t current = doc.current_layer;
   const uint8_t others = index == 2;
   for (size_t i = 0; i < selected.size(); ++i)
     if (i != at(current)) selected[i] = others;
-  if (lists.layer_caret == current) {
-    platform().list_reset(ListId::layer);
-    return RedrawView();
-  }
-  // The caret was elsewhere only when no layer was current: the current
-  // layer's rows are listed anew.
-  PickLayerLine(current);
+  // A layer that was not current has no rows listed yet.
+  if (!had_current) return PickLayerLine(current);
+  // The caret may have wandered off with Ctrl and the arrow keys: it comes
+  // back without a layer click, so the rows on view and the marks stay.
+  lists.layer_caret = current;
+  selected[at(current)] = 1;
+  platform().list_reset(ListId::layer);
+  RedrawView();
 }
 
 std::array<bool, 3> LayerViewItemsEnabled() {
@@ -155,19 +174,25 @@ bool LayerMenuAllowed() { return CountSelected(lists.layer_selected) > 0 && list
 void DataListRightClick() {
   if (CountSelected(lists.data_selected) == 0) return;
   const bool listed = !lists.row_to_g.empty();
-  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, listed);
-  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, listed);
   std::fill(lists.select_line.begin(), lists.select_line.end(), 1);
   platform().list_reset(ListId::select);
   SelectionListClick();
-  platform().popup_menu(PopupMenu::select_edit);
+  // Without a vertex, Edit Selected Data edits the caret row (a text line).
+  MarkedDataMenu(listed || lists.data_caret >= 0, listed);
 }
 
 void SelectListRightClick() {
   if (CountSelected(lists.select_line) == 0) return;
-  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, true);
-  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, doc.layer(doc.current_layer).coor_count >= 2);
+  MarkedDataMenu(true, doc.layer(doc.current_layer).coor_count >= 2);
+}
+
+void MarkedDataMenu(bool edit, bool feedrate) {
+  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, edit);
+  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, feedrate);
   platform().popup_menu(PopupMenu::select_edit);
+  // The items' shortcuts work on whatever is marked later on.
+  platform().set_menu_item_enabled(PopupMenu::select_edit, edit_item, true);
+  platform().set_menu_item_enabled(PopupMenu::select_edit, feedrate_item, true);
 }
 
 }  // namespace korvexed

@@ -38,5 +38,8 @@ bool LayerMenuAllowed();
 // menu for the marks as they are. Nothing happens with no line selected.
 void DataListRightClick();
 void SelectListRightClick();
+// Opens the menu of the marked data with Edit Selected Data and Change
+// Feedrate enabled as given.
+void MarkedDataMenu(bool edit, bool feedrate);
 
 }  // namespace korvexed

@@ -33,16 +33,36 @@ void caret_after_insert(int32_t& caret, int32_t row) {
   if (caret >= row) ++caret;
 }
 
-// A removed caret line leaves no caret; one after it moves up.
-void caret_after_remove(int32_t& caret, int32_t row) {
-  if (caret == row) caret = -1;
-  else if (caret > row) --caret;
+// A removed caret line leaves no caret; one after removed lines moves up.
+// `rows`: ascending.
+void caret_after_remove(int32_t& caret, std::span<const int32_t> rows) {
+  const auto below = std::lower_bound(rows.begin(), rows.end(), caret);
+  if (below != rows.end() && *below == caret) caret = -1;
+  else caret -= static_cast<int32_t>(below - rows.begin());
+}
+
+// Drops the lines `rows` (ascending) of a per-line vector.
+void erase_lines(std::vector<uint8_t>& lines, std::span<const int32_t> rows) {
+  size_t kept = 0, next = 0;
+  for (size_t i = 0; i < lines.size(); ++i) {
+    if (next < rows.size() && at(rows[next]) == i) {
+      ++next;
+      continue;
+    }
+    lines[kept++] = lines[i];
+  }
+  lines.resize(kept);
 }
 
 }  // namespace
 
 int32_t CountSelected(const std::vector<uint8_t>& states) {
   return static_cast<int32_t>(std::count_if(states.begin(), states.end(), [](uint8_t s) { return s != 0; }));
+}
+
+int32_t FirstSelected(const std::vector<uint8_t>& states) {
+  const auto line = std::find_if(states.begin(), states.end(), [](uint8_t s) { return s != 0; });
+  return line == states.end() ? -1 : static_cast<int32_t>(line - states.begin());
 }
 
 std::string LayerLineText(int32_t layer) {
@@ -152,8 +172,7 @@ void SelectionStatus() {
   }
   ShowStatus(std::to_string(lines) + (lines > 1 ? " vertices" : " vertex") + " selected", 1);
   if (lines == 1) {
-    const auto k = std::find_if(lists.select_line.begin(), lists.select_line.end(), [](uint8_t s) { return s != 0; });
-    ShowStatus("Data " + std::to_string(lists.row_to_g[static_cast<size_t>(k - lists.select_line.begin())]), 3);
+    ShowStatus("Data " + std::to_string(lists.row_to_g[at(FirstSelected(lists.select_line))]), 3);
   } else {
     ShowStatus("Multi Data", 3);
   }
@@ -167,8 +186,12 @@ void SelectCommand(int index) {
 }
 
 void RefreshListsAfterEdit() {
+  // Inserted and deleted records change the slider's reach.
+  const auto records = static_cast<int32_t>(lists.data_selected.size());
+  platform().set_slider_range(SliderId::data, std::max(records - 1, 0), records > 0);
   platform().list_reset(ListId::data);
   platform().list_reset(ListId::select);
+  SelectionStatus();
 }
 
 void ListRowInserted(int32_t r) {
@@ -188,30 +211,49 @@ void ListRowInserted(int32_t r) {
   platform().list_row_inserted(ListId::select, k);
 }
 
-void ListRowRemoved(int32_t r) {
-  lists.data_selected.erase(lists.data_selected.begin() + r);
-  lists.select_flag.erase(lists.select_flag.begin() + r);
-  caret_after_remove(lists.data_caret, r);
-  platform().list_row_removed(ListId::data, r);
+void ListRowsRemoved(std::span<const int32_t> removed) {
+  if (removed.empty()) return;
+  erase_lines(lists.data_selected, removed);
+  erase_lines(lists.select_flag, removed);
+  caret_after_remove(lists.data_caret, removed);
+  platform().list_rows_removed(ListId::data, removed);
 
-  // The selection list is in record order: only its lines from r on change.
-  auto& rows = lists.row_to_g;
-  const auto k = static_cast<int32_t>(std::lower_bound(rows.begin(), rows.end(), r) - rows.begin());
-  const bool listed = at(k) < rows.size() && rows[at(k)] == r;
-  if (listed) {
-    rows.erase(rows.begin() + k);
-    lists.select_line.erase(lists.select_line.begin() + k);
+  // The selection list is in record order: the lines of removed records go,
+  // the others are renumbered, in one pass.
+  std::vector<int32_t> gone;
+  size_t kept = 0;
+  for (size_t k = 0; k < lists.row_to_g.size(); ++k) {
+    const int32_t r = lists.row_to_g[k];
+    const auto below = std::lower_bound(removed.begin(), removed.end(), r);
+    if (below != removed.end() && *below == r) {
+      gone.push_back(static_cast<int32_t>(k));
+      continue;
+    }
+    lists.row_to_g[kept] = r - static_cast<int32_t>(below - removed.begin());
+    lists.select_line[kept] = lists.select_line[k];
+    ++kept;
   }
-  for (auto it = rows.begin() + k; it != rows.end(); ++it) --*it;
-  if (!listed) return;
-  caret_after_remove(lists.select_caret, k);
-  platform().list_row_removed(ListId::select, k);
+  lists.row_to_g.resize(kept);
+  lists.select_line.resize(kept);
+  if (gone.empty()) return;
+  caret_after_remove(lists.select_caret, gone);
+  platform().list_rows_removed(ListId::select, gone);
 }
 
 void LayerRowRemoved(int32_t layer) {
   lists.layer_selected.erase(lists.layer_selected.begin() + layer);
-  caret_after_remove(lists.layer_caret, layer);
-  platform().list_row_removed(ListId::layer, layer);
+  caret_after_remove(lists.layer_caret, {&layer, 1});
+  platform().list_rows_removed(ListId::layer, {&layer, 1});
+}
+
+void EmptyLists() {
+  ClearCurrentLayer();
+  lists.layer_selected.clear();
+  platform().list_refilled(ListId::layer);
+  platform().set_slider_range(SliderId::layer, 0, false);
+  platform().set_slider_value(SliderId::layer, 0);
+  ShowStatus("", 2);
+  ShowStatus("", 3);
 }
 
 void ClearCurrentLayer() {

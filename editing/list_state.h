@@ -3,6 +3,7 @@
 // that the editor, the CLI and the tests share it. The window's list
 // controls are views of it (Platform::list_* tell them what changed).
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -34,8 +35,9 @@ struct ListState {
 
 extern ListState lists;
 
-// How many of the lines are selected.
+// How many of the lines are selected, and the first of them (-1 for none).
 int32_t CountSelected(const std::vector<uint8_t>& states);
+int32_t FirstSelected(const std::vector<uint8_t>& states);
 
 // "L12> Z3.6": the layer list's line for layer i.
 std::string LayerLineText(int32_t layer);
@@ -71,16 +73,21 @@ void SelectionStatus();
 void SelectCommand(int index);
 
 // Tells the window that every record text of the current layer may have
-// changed (after an edit).
+// changed (after an edit): the lists, the data slider's range and the
+// selection status follow.
 void RefreshListsAfterEdit();
 
 // Keep the lists in step with one record of the current layer inserted at
-// (on view and marked) or removed from row r, and with one layer removed.
+// row r (on view and marked), with the records at `rows` (ascending, as
+// numbered before) removed, and with one layer removed.
 void ListRowInserted(int32_t r);
-void ListRowRemoved(int32_t r);
+void ListRowsRemoved(std::span<const int32_t> rows);
 void LayerRowRemoved(int32_t layer);
 // No layer current: the data and selection lists empty, their buttons and
 // the data slider disabled.
 void ClearCurrentLayer();
+// No document: every list empty, both sliders at their start and disabled,
+// and no layer or record named in the status bar.
+void EmptyLists();
 
 }  // namespace korvexed

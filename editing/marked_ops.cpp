@@ -3,60 +3,93 @@
 #include <cmath>
 #include <vector>
 
-#include "editing/e_shift.h"
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
 #include "editing/move_length.h"
 
 namespace korvexed {
 
+namespace {
+
+// The marked vertices on view, in file order.
+std::vector<int32_t> marked_rows() {
+  std::vector<int32_t> rows;
+  for (const int32_t r : lists.row_to_g)
+    if (lists.select_flag[static_cast<size_t>(r)]) rows.push_back(r);
+  return rows;
+}
+
+// Moves vertex r of the current layer and re-derives its own move from the
+// state before it.
+void move_vertex(int32_t r, double dx, double dy, double de) {
+  const int32_t cur = doc.current_layer;
+  int32_t p_layer = cur;
+  const coor_data p = get_state_before(p_layer, r - 1);
+  check_d_delta(p, p_layer, cur, r);
+  doc.mark_given(doc.layer(cur).g[static_cast<size_t>(r)].index,
+                 given_x | given_y | (std::fabs(de) > negligible ? given_e : 0));
+  coor_data& m = doc.coor(cur, r);
+  m.x += dx;
+  m.y += dy;
+  const double l2 = refit_length_sq(p, p_layer, cur, r);
+  m.e_delta += de;  // a typed dE is scaled with the segment too
+  keep_extrusion_rate(m, l2);
+  m.e = p.e + m.e_delta;
+  set_move_length(m, l2);
+}
+
+// Re-derives move n of the current layer, whose start moved; the change of
+// its E, which the moves after it owe.
+double rederive_next(int32_t n) {
+  const int32_t cur = doc.current_layer;
+  int32_t p_layer = cur;
+  const coor_data p = get_state_before(p_layer, n - 1);
+  coor_data& next = doc.coor(cur, n);
+  const double l2 = refit_length_sq(p, p_layer, cur, n);
+  keep_extrusion_rate(next, l2);
+  const double delta = (p.e + next.e_delta) - next.e;
+  next.e += delta;
+  set_move_length(next, l2);
+  return std::fabs(delta) > negligible ? delta : 0;
+}
+
+}  // namespace
+
 bool move_marked(double dx, double dy, double de) {
   if (std::fabs(dx) <= negligible && std::fabs(dy) <= negligible && std::fabs(de) <= negligible) return false;
+  const std::vector<int32_t> marked = marked_rows();
+  if (marked.empty()) return true;
   const int32_t cur = doc.current_layer;
-  const uint8_t moved_fields = given_x | given_y | (std::fabs(de) > negligible ? given_e : 0);
-  // Changes of E that ran through to the end of the current layer go on
-  // into the later layers in one walk, not one walk per vertex; nothing
-  // here reads those layers before the walk, except a next move there.
-  std::vector<double> onward;
-  const auto carry_onward = [&] {
-    if (onward.empty()) return;
-    add_to_e_from(cur + 1, 0, onward);
-    onward.clear();
-  };
-  for (const int32_t r : lists.row_to_g) {
-    if (!lists.select_flag[static_cast<size_t>(r)]) continue;
-    int32_t p_layer = cur;
-    coor_data p = get_state_before(p_layer, r - 1);
-    check_d_delta(p, p_layer, cur, r);
-    doc.mark_given(doc.layer(cur).g[static_cast<size_t>(r)].index, moved_fields);
-    coor_data& m = doc.coor(cur, r);
-    m.x += dx;
-    m.y += dy;
-    double l2 = refit_length_sq(p, p_layer, cur, r);
-    m.e_delta += de;  // a typed dE is scaled with the segment too
-    keep_extrusion_rate(m, l2);
-    m.e = p.e + m.e_delta;
-    set_move_length(m, l2);
-
-    // The moved vertex, with any G92 reset before the next move, starts it.
-    p = m;
-    int32_t n_layer = cur;
-    const int32_t n = find_next_move(n_layer, r + 1, p);
-    if (n < 0) continue;
-    if (n_layer != cur) carry_onward();
-    coor_data& next = doc.coor(n_layer, n);
-    l2 = refit_length_sq(p, cur, n_layer, n);
-    keep_extrusion_rate(next, l2);
-    const double delta = (p.e + next.e_delta) - next.e;
-    next.e += delta;
-    set_move_length(next, l2);
-    if (n_layer != cur) {
-      shift_e_after(n_layer, n + 1, delta);
-    } else if (std::fabs(delta) > negligible && add_to_e_in_layer(cur, n + 1, {&delta, 1})) {
-      onward.push_back(delta);
-    }
+  const layer_data& ly = doc.layer(cur);
+  // One walk from the first marked vertex to the end of the layer moves the
+  // vertices, re-derives the move after each, and carries the changes of E
+  // on: `owed` is the sum of the changes not yet added to the move at hand.
+  // A move gets that sum at once instead of each change in turn, so its E
+  // may differ from a vertex-by-vertex walk in the last bits of a double.
+  double owed = 0;
+  bool start_moved = false;  // the move before this one was moved
+  size_t next_marked = 0;
+  for (int32_t r = marked.front(); r < ly.g_count; ++r) {
+    const g_entry& entry = ly.g[static_cast<size_t>(r)];
+    if (restarts_e(entry)) owed = 0;
+    if (!is_move(entry.kind)) continue;
+    doc.coor(entry).e += owed;
+    if (start_moved) owed += rederive_next(r);
+    start_moved = next_marked < marked.size() && marked[next_marked] == r;
+    if (!start_moved) continue;
+    ++next_marked;
+    move_vertex(r, dx, dy, de);
   }
-  carry_onward();
+  // The rest of the print owes what reached the end of the layer; a moved
+  // last vertex re-derives the first move after the layer.
+  shift_e_after(cur + 1, 0, owed);
+  if (start_moved) {
+    int32_t p_layer = cur;
+    coor_data p = get_state_before(p_layer, ly.g_count - 1);
+    int32_t n_layer = cur + 1;
+    const int32_t n = find_next_move(n_layer, 0, p);
+    if (n >= 0) rederive_move(p, p_layer, n_layer, n);
+  }
   return true;
 }
 

@@ -44,15 +44,23 @@ RecordForm coordinate_form(const coor_data& c, line_kind kind) {
   return form;
 }
 
-bool apply_coordinates(const RecordForm& form, const coor_data& c) {
+// X and Y shift every marked vertex; the extrusion, the feedrate and the
+// kind reach them only when the user changed that field from what `shown`
+// offered, so the other vertices keep their own.
+bool apply_coordinates(const RecordForm& form, const RecordForm& shown, const coor_data& c) {
   const double dx = c.x == no_value ? 0 : typed_or(form.x, c.x) - c.x;
   const double dy = c.y == no_value ? 0 : typed_or(form.y, c.y) - c.y;
-  const double entry = typed_or(form.e, shown_e(c));
-  const double de = per_mm(c) ? entry * c.d_delta - c.e_delta : entry - c.e_delta;
+  double de = 0;
+  if (form.e != shown.e) {
+    const double entry = typed_or(form.e, shown_e(c));
+    de = per_mm(c) ? entry * c.d_delta - c.e_delta : entry - c.e_delta;
+  }
   bool modified = move_marked(dx, dy, de);
-  if (const auto f = ParseTypedNumber(form.f))
-    modified |= change_feedrate(0, ClampTyped(*f, 1, max_typed_value)) > 0;
-  if (form.kind != RecordForm::none)
+  if (form.f != shown.f) {
+    if (const auto f = ParseTypedNumber(form.f))
+      modified |= change_feedrate(0, ClampTyped(*f, 1, max_typed_value)) > 0;
+  }
+  if (form.kind != shown.kind && form.kind != RecordForm::none)
     modified |= set_marked_kind(form.kind == RecordForm::g0 ? line_kind::g0 : line_kind::g1) > 0;
   return modified;
 }
@@ -65,11 +73,16 @@ bool TextInput(int32_t r) {
     RecordForm form;
     form.caption = "GCode Text Editing...";
     form.text = std::string(std::string_view(doc.text_list[entry.index]));
-    return platform().ask_record(form) && ReplaceTextCommand(r, form.text);
+    if (!platform().ask_record(form) || !ReplaceTextCommand(r, form.text)) return false;
+    // The status names the line that was edited, as it reads now.
+    ShowStatus("Data " + std::to_string(r), 3);
+    ShowStatus(DataLineText(r), 1);
+    return true;
   }
   const coor_data c = doc.coor(entry);  // a copy: the edit moves the record
-  RecordForm form = coordinate_form(c, entry.kind);
-  if (!platform().ask_record(form) || !apply_coordinates(form, c)) return false;
+  const RecordForm shown = coordinate_form(c, entry.kind);
+  RecordForm form = shown;
+  if (!platform().ask_record(form) || !apply_coordinates(form, shown, c)) return false;
   doc.modified = true;
   RefreshListsAfterEdit();
   return true;

@@ -26,13 +26,13 @@ class HeadlessPlatform : public Platform {
   bool document_controls_enabled() const override { return controls_enabled; }
   void set_export_enabled(bool enabled) override { export_enabled = enabled; }
   std::string ask_open_file_name() override { return next_file_name(); }
-  std::string ask_save_file_name() override { return next_file_name(); }
+  std::string ask_save_file_name(const std::string&) override { return next_file_name(); }
   void beep() override { ++beeps; }
   Modifiers key_state() const override { return modifiers; }
   void set_busy(bool busy) override { busy_depth += busy ? 1 : -1; }
   bool locale_decimal_comma() const override { return decimal_comma; }
   void list_row_inserted(ListId, int) override {}
-  void list_row_removed(ListId, int) override {}
+  void list_rows_removed(ListId, std::span<const int32_t>) override {}
   void list_reset(ListId) override {}
   void list_refilled(ListId) override {}
   void set_list_button_enabled(ListId list, bool enabled) override { list_buttons[static_cast<size_t>(list)] = enabled; }

@@ -1,6 +1,8 @@
 #pragma once
 // What the document and editing logic needs of the window system. The
 // editor implements it with Qt; the CLI and the tests use HeadlessPlatform.
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -39,9 +41,10 @@ class Platform {
   virtual void set_export_enabled(bool enabled) = 0;
 
   // The G-code file choosers: Open takes only an existing file, Save asks
-  // before replacing one. "" when the user cancels.
+  // before replacing one and starts from `suggested` (its folder and name).
+  // "" when the user cancels.
   virtual std::string ask_open_file_name() = 0;
-  virtual std::string ask_save_file_name() = 0;
+  virtual std::string ask_save_file_name(const std::string& suggested) = 0;
   virtual void beep() = 0;
 
   virtual Modifiers key_state() const = 0;
@@ -49,10 +52,11 @@ class Platform {
   // True when the user's locale writes 1.1 with a decimal comma.
   virtual bool locale_decimal_comma() const = 0;
 
-  // The list state changed: one row inserted or removed at `row`, or
-  // anything at all (contents, selection) for a reset.
+  // The list state changed: one row inserted at `row`, the rows `rows`
+  // (ascending, numbered as before) removed, or anything at all (contents,
+  // selection) for a reset.
   virtual void list_row_inserted(ListId list, int row) = 0;
-  virtual void list_row_removed(ListId list, int row) = 0;
+  virtual void list_rows_removed(ListId list, std::span<const int32_t> rows) = 0;
   virtual void list_reset(ListId list) = 0;
   // The list holds new lines: it shows them from its first line.
   virtual void list_refilled(ListId list) = 0;

@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
 #include <QFile>
@@ -10,9 +11,10 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMessageBox>
-#include <QScrollBar>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QStatusBar>
+#include <algorithm>
 
 #include "controls/list_box.h"
 #include "editing/fm_text_input.h"
@@ -91,6 +93,14 @@ QString QtPlatform::status_text(int panel) const {
 
 MsgAnswer QtPlatform::message_box(std::string_view text, MsgIcon icon, MsgButtons buttons) {
   QMessageBox box(ToQtIcon(icon), title_, ToQString(text), ToQtButtons(buttons), &window_);
+  // As wide as its widest line (within the screen): a line is never broken
+  // in the middle.
+  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+    int widest = 0;
+    for (const QString& line : box.text().split(QLatin1Char('\n')))
+      widest = std::max(widest, label->fontMetrics().horizontalAdvance(line) + 1);
+    label->setMinimumWidth(std::min(widest, window_.screen()->availableGeometry().width() * 4 / 5));
+  }
   const NormalPointer pointer;
   return FromQtButton(box.exec());
 }
@@ -116,11 +126,20 @@ void QtPlatform::set_export_enabled(bool enabled) {
   if (export_) export_->setEnabled(enabled);
 }
 
-std::string QtPlatform::ask_open_file_name() { return AskFileName(QFileDialog::AcceptOpen); }
-std::string QtPlatform::ask_save_file_name() { return AskFileName(QFileDialog::AcceptSave); }
+std::string QtPlatform::ask_open_file_name() {
+  const std::string path = AskFileName(QFileDialog::AcceptOpen, last_folder_);
+  if (!path.empty()) last_folder_ = QFileInfo(QFile::decodeName(path.c_str())).absolutePath();
+  return path;
+}
 
-std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode) {
-  QFileDialog dialog(&window_, QString(), last_folder_, QStringLiteral("KISSlicer/Slic3r/Skeinforge/Cura GCode Output File (*.gcode *.g)"));
+// Not remembered: a folder where the save then fails (one in /proc, say)
+// must not be where the next chooser starts.
+std::string QtPlatform::ask_save_file_name(const std::string& suggested) {
+  return AskFileName(QFileDialog::AcceptSave, QFile::decodeName(suggested.c_str()));
+}
+
+std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode, const QString& start) {
+  QFileDialog dialog(&window_, QString(), start, QStringLiteral("KISSlicer/Slic3r/Skeinforge/Cura GCode Output File (*.gcode *.g)"));
   dialog.setAcceptMode(mode);
   // Open takes only a file that exists; Save asks before replacing one.
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -129,9 +148,7 @@ std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode) {
     const NormalPointer pointer;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   }
-  const QString path = dialog.selectedFiles().front();
-  last_folder_ = QFileInfo(path).absolutePath();
-  return QFile::encodeName(path).toStdString();
+  return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
 }
 
 void QtPlatform::beep() { QApplication::beep(); }
@@ -155,14 +172,14 @@ void QtPlatform::set_list(ListId list, ListBox* box, QWidget* button) {
   list_buttons_[static_cast<size_t>(list)] = button;
 }
 
-void QtPlatform::set_slider(SliderId slider, QScrollBar* bar) { sliders_[static_cast<size_t>(slider)] = bar; }
+void QtPlatform::set_slider(SliderId slider, QAbstractSlider* bar) { sliders_[static_cast<size_t>(slider)] = bar; }
 
 void QtPlatform::list_row_inserted(ListId list, int row) {
   if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_inserted(row);
 }
 
-void QtPlatform::list_row_removed(ListId list, int row) {
-  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->row_removed(row);
+void QtPlatform::list_rows_removed(ListId list, std::span<const int32_t> rows) {
+  if (ListBox* box = lists_[static_cast<size_t>(list)]) box->rows_removed(rows);
 }
 
 void QtPlatform::list_reset(ListId list) {
@@ -178,7 +195,7 @@ void QtPlatform::set_list_button_enabled(ListId list, bool enabled) {
 }
 
 void QtPlatform::set_slider_range(SliderId slider, int maximum, bool enabled) {
-  QScrollBar* bar = sliders_[static_cast<size_t>(slider)];
+  QAbstractSlider* bar = sliders_[static_cast<size_t>(slider)];
   if (!bar) return;
   const QSignalBlocker quiet(bar);
   bar->setRange(0, maximum);
@@ -186,7 +203,7 @@ void QtPlatform::set_slider_range(SliderId slider, int maximum, bool enabled) {
 }
 
 void QtPlatform::set_slider_value(SliderId slider, int value) {
-  QScrollBar* bar = sliders_[static_cast<size_t>(slider)];
+  QAbstractSlider* bar = sliders_[static_cast<size_t>(slider)];
   if (!bar) return;
   const QSignalBlocker quiet(bar);
   bar->setValue(value);

@@ -12,7 +12,7 @@ class QAction;
 class QLabel;
 class QMenu;
 class QMainWindow;
-class QScrollBar;
+class QAbstractSlider;
 class QWidget;
 
 namespace korvexed {
@@ -40,13 +40,13 @@ class QtPlatform : public Platform {
   bool document_controls_enabled() const override;
   void set_export_enabled(bool enabled) override;
   std::string ask_open_file_name() override;
-  std::string ask_save_file_name() override;
+  std::string ask_save_file_name(const std::string& suggested) override;
   void beep() override;
   Modifiers key_state() const override;
   void set_busy(bool busy) override;
   bool locale_decimal_comma() const override;
   void list_row_inserted(ListId list, int row) override;
-  void list_row_removed(ListId list, int row) override;
+  void list_rows_removed(ListId list, std::span<const int32_t> rows) override;
   void list_reset(ListId list) override;
   void list_refilled(ListId list) override;
   void set_list_button_enabled(ListId list, bool enabled) override;
@@ -60,16 +60,17 @@ class QtPlatform : public Platform {
 
   // The list control that shows `list`, and the button above it.
   void set_list(ListId list, ListBox* box, QWidget* button);
-  void set_slider(SliderId slider, QScrollBar* bar);
+  void set_slider(SliderId slider, QAbstractSlider* bar);
   // A pop-up menu of the drawing area and its items by index.
   void set_popup_menu(PopupMenu menu, QMenu* parent, std::vector<QAction*> items);
 
  private:
-  std::string AskFileName(QFileDialog::AcceptMode mode);
+  // `start`: a folder, or a file whose folder and name the chooser starts from.
+  std::string AskFileName(QFileDialog::AcceptMode mode, const QString& start);
 
   QMainWindow& window_;
   QString title_;
-  // The file choosers open where the last file was chosen.
+  // The Open chooser opens where the last file was opened.
   QString last_folder_;
   std::array<QLabel*, 3> panels_{};
   std::vector<QAction*> actions_;
@@ -78,7 +79,7 @@ class QtPlatform : public Platform {
   QAction* export_ = nullptr;
   std::array<ListBox*, 3> lists_{};
   std::array<QWidget*, 3> list_buttons_{};
-  std::array<QScrollBar*, 2> sliders_{};
+  std::array<QAbstractSlider*, 2> sliders_{};
   std::array<QMenu*, 2> menus_{};
   std::array<std::vector<QAction*>, 2> menu_items_;
 };

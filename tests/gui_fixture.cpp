@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
+#include <algorithm>
 #include <fstream>
 
 #include <unistd.h>
@@ -22,7 +24,8 @@ DialogWatcher::DialogWatcher() {
 void DialogWatcher::Answer() {
   QWidget* modal = QApplication::activeModalWidget();
   if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
-    choosers.push_back({chooser->acceptMode(), chooser->fileMode(), chooser->nameFilters()});
+    choosers.push_back({chooser->acceptMode(), chooser->fileMode(), chooser->nameFilters(),
+                        chooser->selectedFiles().value(0)});
     if (paths.empty()) return chooser->reject();
     chooser->selectFile(paths.front());
     paths.pop_front();
@@ -30,7 +33,11 @@ void DialogWatcher::Answer() {
   }
   auto* box = qobject_cast<QMessageBox*>(modal);
   if (!box) return;
-  seen.push_back({box->text(), box->icon(), box->standardButtons()});
+  const auto* label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  int widest = 0;
+  for (const QString& line : box->text().split(QLatin1Char('\n')))
+    widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
+  seen.push_back({box->text(), box->icon(), box->standardButtons(), label->width() >= widest});
   const QMessageBox::StandardButton answer = answers.empty() ? QMessageBox::Ok : answers.front();
   if (!answers.empty()) answers.pop_front();
   if (QAbstractButton* button = box->button(answer))

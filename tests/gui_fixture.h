@@ -33,11 +33,13 @@ class DialogWatcher {
     QString text;
     QMessageBox::Icon icon;
     QMessageBox::StandardButtons buttons;
+    bool lines_whole;  // the box is wide enough for each line of its text
   };
   struct Chooser {
     QFileDialog::AcceptMode mode;
     QFileDialog::FileMode file_mode;
     QStringList filters;
+    QString start;  // the file (or folder) chosen when it opened
   };
 
   DialogWatcher();

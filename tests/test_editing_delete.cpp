@@ -40,6 +40,27 @@ TEST_F(DeleteVertices, TheLastMoveOfALayerIsNeverDeleted) {
   EXPECT_CONSISTENT();
 }
 
+TEST_F(DeleteVertices, SeveralAtOnceEqualOneByOneFromTheLast) {
+  // Runs of one and two vertices inside layer 2, and its last vertex, whose
+  // next move is in layer 3.
+  load(korvexed::testing::e_running_on());
+  ShowSingleLayer(2);
+  for (const int32_t r : {6, 4, 2, 1}) {
+    mark({r});
+    ASSERT_EQ(delete_marked_vertices(), 1);
+  }
+  const std::vector<double> one_by_one = bookkeeping();
+
+  load(korvexed::testing::e_running_on());
+  ShowSingleLayer(2);
+  mark({1, 2, 4, 6});
+  EXPECT_EQ(delete_marked_vertices(), 4);
+  expect_same_bookkeeping(bookkeeping(), one_by_one);
+  EXPECT_EQ(lists.row_to_g, (std::vector<int32_t>{0, 1, 2}));
+  EXPECT_EQ(lists.select_line, (std::vector<uint8_t>{0, 0, 0}));
+  EXPECT_CONSISTENT();
+}
+
 TEST_F(DeleteVertices, ResetsBetweenTheVertexAndTheNextMoveAreIgnored) {
   load("G1 X3 Y0 E3\nG1 X6 Y0 E6\nG92 E0\nG1 X9 Y0 E3\n");
   mark({2});

@@ -117,34 +117,20 @@ TEST_F(Move, ECarriesIntoLaterLayersUpToTheFirstReset) {
   EXPECT_CONSISTENT();
 }
 
-TEST_F(Move, SeveralVerticesAtOnceEqualOneByOneToTheBit) {
-  // E runs on through every layer: each vertex's change reaches the end.
-  std::string gcode;
-  for (int l = 1; l <= 4; ++l) {
-    gcode += "G1 X0 Y0 Z" + std::to_string(l) + "\n";
-    for (int i = 1; i <= 6; ++i)
-      gcode += "G1 X" + std::to_string(i * 3 % 7) + " Y" + std::to_string(i) + " E" + std::to_string(l * 10 + i) +
-               ".37\n";
-  }
-  const auto e_values = [] {
-    std::vector<double> all;
-    for (int32_t l = 0; l < doc.layer_count; ++l)
-      for (int32_t r = 0; r < doc.layer(l).g_count; ++r) all.push_back(at(l, r).e);
-    return all;
-  };
-  load(gcode);
+TEST_F(Move, SeveralVerticesAtOnceEqualOneByOne) {
+  load(korvexed::testing::e_running_on());
   ShowSingleLayer(2);
   for (const int32_t r : {1, 3, 4, 6}) {
     mark({r});
     move_marked(0.3, -0.7, 0.01);
   }
-  const std::vector<double> one_by_one = e_values();
+  const std::vector<double> one_by_one = bookkeeping();
 
-  load(gcode);
+  load(korvexed::testing::e_running_on());
   ShowSingleLayer(2);
   mark({1, 3, 4, 6});
   move_marked(0.3, -0.7, 0.01);
-  EXPECT_EQ(e_values(), one_by_one);
+  expect_same_bookkeeping(bookkeeping(), one_by_one);
   EXPECT_CONSISTENT();
 }
 

@@ -8,12 +8,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "controls/cool_button.h"
+#include "controls/list_box.h"
 #include "controls/shrink_wnd.h"
 #include "document/document.h"
 #include "tests/gui_fixture.h"
@@ -174,6 +176,32 @@ TEST_F(WindowTest, TheTitleFollowsLoadsSavesAndExports) {
   EXPECT_FALSE(Item(QStringLiteral("poFile_1"))->isEnabled());
 }
 
+TEST_F(WindowTest, SaveAsAndExportStartFromTheDocumentAndAFailedSaveIsNotWhereTheNextStarts) {
+  const std::string path = LoadExample();
+  dialogs_.paths = {QStringLiteral("/proc/print.gcode")};
+  Item(QStringLiteral("poFile_2"))->trigger();
+  EXPECT_EQ(Status(), QStringLiteral("Save failed /proc/print.gcode"));
+  Item(QStringLiteral("poExport_0"))->trigger();
+  ASSERT_EQ(dialogs_.choosers.size(), 2u);
+  for (const auto& chooser : dialogs_.choosers) EXPECT_EQ(chooser.start, Q(path));
+}
+
+TEST_F(WindowTest, AFailedOpenLeavesNothingShown) {
+  std::string print = two_layers;
+  for (int i = 0; i < 100; ++i) print += "; the top layer's notes\n";
+  window_->LoadCommand(Write("long.gcode", print));
+  auto* slider = Control<QSlider>(QStringLiteral("scrLayer"));
+  slider->setValue(2);
+  QScrollBar* rows = Control<ListBox>(QStringLiteral("lstData"))->verticalScrollBar();
+  ASSERT_GT(rows->maximum(), 0);
+  window_->LoadCommand("/proc/self/mem");  // opens, but cannot be read
+  EXPECT_EQ(Status(2), QString());
+  EXPECT_EQ(Status(3), QString());
+  EXPECT_EQ(slider->value(), 0);
+  EXPECT_FALSE(slider->isEnabled());
+  EXPECT_EQ(rows->maximum(), 0);
+}
+
 TEST_F(WindowTest, SaveWritesTheFileWithoutAChooser) {
   // Before a load Ctrl+S does nothing.
   QTest::keyClick(window_.get(), Qt::Key_S, Qt::ControlModifier);
@@ -255,6 +283,7 @@ TEST_F(WindowTest, HelpShowsTheManualInTwoBoxesAndTheVersionInAbout) {
   ASSERT_EQ(dialogs_.seen.size(), 2u);
   EXPECT_TRUE(dialogs_.seen[0].text.startsWith(QStringLiteral("For now, the Basic Parts are just:\n1) Open")));
   EXPECT_TRUE(dialogs_.seen[0].text.endsWith(QStringLiteral("another file,\nleaving original file as backup.)")));
+  EXPECT_TRUE(dialogs_.seen[0].lines_whole);
   EXPECT_TRUE(dialogs_.seen[1].text.endsWith(QStringLiteral("time.\n \nThank you for your kind respond.")));
   EXPECT_EQ(dialogs_.seen[1].icon, QMessageBox::Information);
   Button(11)->click();
@@ -263,7 +292,7 @@ TEST_F(WindowTest, HelpShowsTheManualInTwoBoxesAndTheVersionInAbout) {
 }
 
 TEST_F(WindowTest, PlusAndMinusStepTheLayerSliderAndBeepAtTheEnds) {
-  auto* slider = Control<QScrollBar>(QStringLiteral("scrLayer"));
+  auto* slider = Control<QSlider>(QStringLiteral("scrLayer"));
   // Without a document the keys do nothing.
   QTest::keyClick(window_.get(), Qt::Key_Plus);
   EXPECT_EQ(slider->value(), 0);
@@ -294,7 +323,11 @@ TEST_F(WindowTest, TheSidePanelFoldsAndTheDrawingAreaFollows) {
 TEST_F(WindowTest, NothingOverlapsAtSmallAndLargeSizes) {
   const char* const controls[] = {"picTool", "panelGCode", "LeftPanelSize", "cntDraw"};
   const char* const drawing[] = {"horzRuler", "vertRuler", "picDraw", "lblLayerScr", "scrLayer", "lblDataScr", "scrData"};
-  for (const QSize size : {QSize(1024, 700), QSize(1920, 1080)}) {
+  // Room for a title bar and a desktop panel on a 1366 x 768 screen, and a
+  // drawing area of at least half the width.
+  EXPECT_LE(window_->frameGeometry().height(), 700);
+  EXPECT_GE(Control<QWidget>(QStringLiteral("cntDraw"))->width(), window_->width() / 2);
+  for (const QSize size : {window_->minimumSize(), QSize(1024, 700), QSize(1920, 1080)}) {
     window_->resize(size);
     QApplication::processEvents();
     SCOPED_TRACE(size.width());
@@ -310,7 +343,8 @@ TEST_F(WindowTest, NothingOverlapsAtSmallAndLargeSizes) {
     };
     check(controls, window_->centralWidget());
     check(drawing, Control<QWidget>(QStringLiteral("cntDraw")));
-    EXPECT_GE(Control<QWidget>(QStringLiteral("picDraw"))->height(), 300);
+    EXPECT_GE(Control<QWidget>(QStringLiteral("picDraw"))->height(), 250);
+    EXPECT_GE(Control<QWidget>(QStringLiteral("picDraw"))->width(), 200);
   }
 }
 

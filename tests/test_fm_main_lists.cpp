@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSlider>
+#include <QWheelEvent>
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QTest>
@@ -40,15 +42,15 @@ class ListsTest : public FmMainTest {
     QApplication::processEvents();
   }
   ListBox* List(const char* name) const { return Control<ListBox>(QString::fromLatin1(name)); }
-  QScrollBar* Slider(const char* name) const { return Control<QScrollBar>(QString::fromLatin1(name)); }
+  QSlider* Slider(const char* name) const { return Control<QSlider>(QString::fromLatin1(name)); }
   QPushButton* Button(const char* name) const { return Control<QPushButton>(QString::fromLatin1(name)); }
 
   static void ClickLine(ListBox* list, int line, Qt::KeyboardModifiers keys = Qt::NoModifier,
                         Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(list->viewport(), button, keys, list->line_rect(line).center());
   }
-  // Drags the slider's thumb from its place to `value`, one step at a time.
-  static void DragSlider(QScrollBar* slider, int value) {
+  // The slider's handle and groove as its style draws them.
+  static std::pair<QRect, QRect> HandleAndGroove(QSlider* slider) {
     QStyleOptionSlider option;
     option.initFrom(slider);
     option.orientation = slider->orientation();
@@ -57,15 +59,20 @@ class ListsTest : public FmMainTest {
     option.sliderPosition = option.sliderValue = slider->value();
     option.pageStep = slider->pageStep();
     const QStyle* style = slider->style();
-    const QRect thumb = style->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, slider);
-    const QRect groove = style->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarGroove, slider);
+    return {style->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider),
+            style->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, slider)};
+  }
+  // Drags the slider's handle from its place to `value`, one step at a time.
+  static void DragSlider(QSlider* slider, int value) {
+    const auto [thumb, groove] = HandleAndGroove(slider);
+    const int from = slider->value();
     auto at = [&](int v) {
-      const int along = QStyle::sliderPositionFromValue(option.minimum, option.maximum, v, groove.width() - thumb.width());
+      const int along = QStyle::sliderPositionFromValue(slider->minimum(), slider->maximum(), v, groove.width() - thumb.width());
       return QPoint(groove.left() + thumb.width() / 2 + along, thumb.center().y());
     };
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, at(option.sliderValue));
-    const int step = value > option.sliderValue ? 1 : -1;
-    for (int v = option.sliderValue + step; v != value + step; v += step) QTest::mouseMove(slider, at(v));
+    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, at(from));
+    const int step = value > from ? 1 : -1;
+    for (int v = from + step; v != value + step; v += step) QTest::mouseMove(slider, at(v));
     QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, at(value));
   }
   // Answers the next menu that opens: notes its name and enabled items,
@@ -164,7 +171,7 @@ TEST_F(ListsTest, ALayerWithoutRecordsDisablesTheDataControls) {
 }
 
 TEST_F(ListsTest, TheLayerSliderAddsLayersOnlyWithRangeScroll) {
-  QScrollBar* slider = Slider("scrLayer");
+  QSlider* slider = Slider("scrLayer");
   DragSlider(slider, 1);
   ASSERT_TRUE(ToggleSetting(0));
   DragSlider(slider, 3);
@@ -179,10 +186,27 @@ TEST_F(ListsTest, TheLayerSliderAddsLayersOnlyWithRangeScroll) {
   EXPECT_EQ(QApplication::focusWidget(), Control<QWidget>(QStringLiteral("picDraw")));
 }
 
+TEST_F(ListsTest, RangeScrollAddsEveryLayerAndRowPassedOverByATrackClickOrTheWheel) {
+  ASSERT_TRUE(ToggleSetting(0));
+  QSlider* layers = Slider("scrLayer");
+  const auto [handle, groove] = HandleAndGroove(layers);
+  EXPECT_LT(handle.width(), groove.width() / 8);  // a small handle, not half the track
+  QTest::mouseClick(layers, Qt::LeftButton, {}, QPoint(groove.right() - 2, handle.center().y()));
+  EXPECT_EQ(lists.layer_selected, (U8{1, 1, 1, 1, 1}));
+  EXPECT_EQ(doc.current_layer, 4);
+
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  QSlider* rows = Slider("scrData");
+  QWheelEvent wheel(QPointF(rows->rect().center()), QPointF(rows->mapToGlobal(rows->rect().center())), {}, {0, 120},
+                    Qt::NoButton, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(rows, &wheel);
+  EXPECT_EQ(lists.data_selected, (U8{0, 1, 1}));
+}
+
 TEST_F(ListsTest, TheDataSliderAddsRowsOnlyWithRangeScrollAndAShiftClickReachesFromItsRow) {
   ClickLine(List("lstLayer"), 1);
   ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
-  QScrollBar* slider = Slider("scrData");
+  QSlider* slider = Slider("scrData");
   ASSERT_TRUE(window_->setting(1));
   DragSlider(slider, 2);
   EXPECT_EQ(lists.data_selected, (U8{0, 1, 1}));
@@ -286,9 +310,41 @@ TEST_F(ListsTest, DeleteSelectedLayersFromTheLayerListsMenu) {
   EXPECT_EQ(RightClickMenu(layers, 3, QStringLiteral("&Delete Selected Layers")), QStringLiteral("popLstLayer"));
   EXPECT_EQ(doc.layer_count, 3);
   EXPECT_EQ(layers->line_count(), 3);
-  EXPECT_EQ(doc.current_layer, -1);
-  EXPECT_FALSE(Button("cmdData")->isEnabled());
   EXPECT_EQ(Slider("scrLayer")->maximum(), 2);
+  // The layer now in the place of the first deleted one is current.
+  EXPECT_EQ(doc.current_layer, 2);
+  EXPECT_EQ(lists.layer_selected, (U8{0, 0, 1}));
+  EXPECT_EQ(List("lstData")->line_count(), 3);
+  EXPECT_TRUE(Button("cmdData")->isEnabled());
+  EXPECT_EQ(Status(1), QStringLiteral("L2> Z0.4"));
+  EXPECT_EQ(Status(2), QStringLiteral("Layer 2"));
+  EXPECT_EQ(Status(3), QStringLiteral("Data 0"));
+  // Without a layer after the deleted ones, the last one.
+  RightClickMenu(layers, 2, QStringLiteral("&Delete Selected Layers"));
+  EXPECT_EQ(doc.current_layer, 1);
+  EXPECT_EQ(Status(2), QStringLiteral("Layer 1"));
+}
+
+TEST_F(ListsTest, ViewAllAndSingleBringTheCaretBackAndKeepTheRowsOnViewAndTheMarks) {
+  ListBox* layers = List("lstLayer");
+  ClickLine(layers, 2);
+  ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
+  ClickLine(List("lstData"), 1);
+  ClickLine(List("lstSelect"), 0);
+  const struct {
+    Qt::Key key;
+    const char* command;
+    U8 layers;
+  } cases[] = {{Qt::Key_Down, "View &All", {1, 1, 1, 1, 1}}, {Qt::Key_Up, "View &Single", {0, 0, 1, 0, 0}}};
+  for (const auto& c : cases) {
+    QTest::keyClick(layers, c.key, Qt::ControlModifier);
+    ASSERT_NE(lists.layer_caret, 2);
+    ChooseFromMenu(Button("cmdLayer"), QString::fromLatin1(c.command));
+    EXPECT_EQ(lists.layer_caret, 2) << c.command;
+    EXPECT_EQ(lists.layer_selected, c.layers) << c.command;
+    EXPECT_EQ(lists.data_selected, (U8{0, 1, 0})) << c.command;
+    EXPECT_EQ(lists.select_flag, (U8{0, 1, 0})) << c.command;
+  }
 }
 
 }  // namespace korvexed::testing

@@ -8,12 +8,15 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QRadioButton>
+#include <QSlider>
 #include <QTest>
 #include <QTimer>
 #include <deque>
 #include <fstream>
 #include <functional>
 
+#include "controls/list_box.h"
 #include "editing/consistency.h"
 #include "editing/list_state.h"
 #include "tests/gui_fixture.h"
@@ -44,6 +47,7 @@ class PopupWatcher {
   std::deque<QString> items;
   std::deque<std::function<void(QDialog&)>> answers;
   std::vector<QString> menus;              // the menus shown, by name
+  std::vector<QStringList> enabled;        // the enabled items of each, by name
   std::vector<int> preview_pixels;         // yellow pixels while each menu was open
   std::vector<Qt::CursorShape> pointers;   // the pointer over each menu
   std::vector<QRect> dialogs;              // where each dialog opened
@@ -66,6 +70,9 @@ class PopupWatcher {
     if (menu.objectName().startsWith("mn") && open_menu_ != &menu) {
       open_menu_ = &menu;
       menus.push_back(menu.objectName());
+      enabled.emplace_back();
+      for (QAction* item : menu.actions())
+        if (item->isEnabled() && item->isVisible()) enabled.back() << item->objectName();
       preview_pixels.push_back(CountPixels(RgbT(255, 255, 0)));
       const QCursor* pointer = QApplication::overrideCursor();
       pointers.push_back(pointer ? pointer->shape() : Qt::ArrowCursor);
@@ -331,6 +338,107 @@ TEST_F(MouseTest, EditingXByTwoWithThreeVerticesMarkedMovesAllThree) {
   EXPECT_EQ(Field(&coor_data::x), (std::vector<double>{2, 12, 12, 4}));
   EXPECT_EQ(CheckConsistency(), "");
   EXPECT_TRUE(doc.modified);
+}
+
+TEST_F(MouseTest, AShakeOnAClickMovesNothingAndADragFollowsTheWholeOffsetFromThePress) {
+  Mark({2});
+  QTest::mousePress(area_, Qt::LeftButton, {}, At(10, 2));
+  QTest::mouseMove(area_, At(10, 2, 2, -2));
+  QTest::mouseRelease(area_, Qt::LeftButton, {}, At(10, 2, 2, -2));
+  EXPECT_EQ(Field(&coor_data::x), (std::vector<double>{2, 10, 10, 2}));
+  EXPECT_EQ(Marks(), "0100");  // a click on the marked vertex
+  EXPECT_FALSE(doc.modified);
+
+  QTest::mousePress(area_, Qt::LeftButton, {}, At(10, 2));
+  QTest::mouseMove(area_, At(10, 2, 2, 0));
+  EXPECT_FALSE(doc.modified);
+  QTest::mouseMove(area_, At(10, 2, 3, 0));
+  EXPECT_NEAR(Record(2).x, 10.3, 1e-12);
+  QTest::mouseMove(area_, At(10, 2, 10, -5));
+  EXPECT_EQ(Status(), "Movement dX (1), dY (0.5)");
+  QTest::mouseRelease(area_, Qt::LeftButton, {}, At(10, 2, 10, -5));
+  EXPECT_NEAR(Record(2).x, 11, 1e-12);
+  EXPECT_NEAR(Record(2).y, 2.5, 1e-12);
+  EXPECT_EQ(CheckConsistency(), "");
+}
+
+TEST_F(MouseTest, AfterEveryEditTheDataSliderReachesEachRecordAndTheStatusCountsTheMarks) {
+  auto* slider = Control<QSlider>(QStringLiteral("scrData"));
+  Mark({2});
+  popups_.items = {"poSelectEdit_4"};
+  Click(Qt::RightButton, At(10, 2));
+  ASSERT_EQ(doc.layer(0).g_count, 4);
+  EXPECT_EQ(slider->maximum(), 3);
+  EXPECT_EQ(Status(1), "0 vertex selected");
+  EXPECT_EQ(Status(3), "Multi Data");
+
+  // One point on the line from (10, 10) to (2, 10), before record 3.
+  popups_.items = {"poUnSelectEdit_1", "poPoint_0"};
+  Click(Qt::RightButton, At(6, 10, 0, 2));
+  ASSERT_EQ(doc.layer(0).g_count, 5);
+  EXPECT_EQ(slider->maximum(), 4);
+  EXPECT_EQ(Status(1), "1 vertex selected");
+  EXPECT_EQ(Status(3), "Data 3");
+}
+
+TEST_F(MouseTest, EditSelectedDataAppliesOnlyTheFieldsTheUserChanged) {
+  Mark({2, 3});  // at F1200 and F1800
+  popups_.items = {"poSelectEdit_2"};
+  popups_.answers = {Type({{"txtX", "11"}})};
+  Click(Qt::RightButton, At(10, 2));
+  EXPECT_EQ(Field(&coor_data::x), (std::vector<double>{2, 11, 11, 2}));
+  EXPECT_EQ(Field(&coor_data::f), (std::vector<double>{1200, 1200, 1800, 1800}));
+  EXPECT_DOUBLE_EQ(Field(&coor_data::e_delta)[2], 8);  // its length is still 8 mm
+  EXPECT_EQ(Status(), "2 vertices selected");
+
+  popups_.items = {"poSelectEdit_2"};
+  popups_.answers = {[](QDialog& dialog) {
+    dialog.findChild<QRadioButton*>("optGCode_0")->click();
+    Type({{"txtF", "600"}})(dialog);
+  }};
+  Click(Qt::RightButton, At(11, 2));
+  EXPECT_EQ(Field(&coor_data::f), (std::vector<double>{1200, 600, 600, 1800}));
+  const layer_data& layer = doc.layer(0);
+  EXPECT_EQ(layer.g[2].kind, line_kind::g0);
+  EXPECT_EQ(layer.g[3].kind, line_kind::g0);
+  EXPECT_EQ(layer.g[4].kind, line_kind::g1);
+  EXPECT_EQ(CheckConsistency(), "");
+}
+
+TEST_F(MouseTest, TheEditMenuOffersFeedrateAndItsShortcutsNeedADocument) {
+  Mark({2});
+  Click(Qt::RightButton, At(10, 2));
+  ASSERT_EQ(popups_.enabled.size(), 1u);
+  EXPECT_EQ(popups_.enabled[0], (QStringList{"poSelectEdit_2", "poSelectEdit_3", "poSelectEdit_4"}));
+
+  StartWith({});
+  for (const auto key : {Qt::Key_F, Qt::Key_E}) QTest::keyClick(window_.get(), key, Qt::ControlModifier);
+  QTest::keyClick(window_.get(), Qt::Key_Delete);
+  EXPECT_TRUE(popups_.dialogs.empty());
+}
+
+TEST_F(MouseTest, ATextRowIsEditedFromTheDataListAndTheShortcutsThenStillReachTheMarks) {
+  window_->LoadCommand(Write("text.gcode", std::string("; begin\n") + square));
+  const int32_t text_row = 1;
+  ASSERT_EQ(doc.layer(0).g[text_row].kind, line_kind::text);
+  auto* data = Control<ListBox>(QStringLiteral("lstData"));
+  QTest::mouseClick(data->viewport(), Qt::LeftButton, {}, data->line_rect(text_row).center());
+  popups_.items = {"poSelectEdit_2"};
+  popups_.answers = {Type({{"txtS", "; start"}})};
+  QTest::mouseClick(data->viewport(), Qt::RightButton, {}, data->line_rect(text_row).center());
+  ASSERT_EQ(popups_.enabled.size(), 1u);
+  EXPECT_EQ(popups_.enabled[0], (QStringList{"poSelectEdit_2", "poSelectEdit_4"}));
+  EXPECT_EQ(std::string_view(doc.text_list[doc.layer(0).g[text_row].index]), "; start");
+  EXPECT_EQ(Status(1), Q(DataLineText(text_row)));
+  EXPECT_EQ(Status(3), "Data 1");
+
+  DataViewCommand(4);  // every row on view again
+  Mark({3});
+  popups_.answers = {Type({{"txt_0", "0"}, {"txt_1", "900"}})};
+  window_->activateWindow();  // the offscreen platform does not hand it back after a dialog
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  QTest::keyClick(window_.get(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(Record(3).f, 900);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "editing/commands.h"
 #include "editing/korvexed_data.h"
+#include "editing/list_events.h"
 #include "editing/list_state.h"
 #include "platform/platform.h"
 #include "view/korvexed_graphic.h"
@@ -19,6 +20,9 @@ MouseGesture gesture;
 namespace {
 
 constexpr Rgb band_colour = RgbT(255, 255, 0);
+// How far the pointer must go from the press before a press becomes a drag,
+// so that a hand's shake on a click moves nothing.
+constexpr int32_t drag_start_distance = 3;
 
 int32_t bitmap_y(int32_t mouse_y) { return drawing.picture.height - mouse_y; }
 
@@ -48,23 +52,22 @@ void rubber_band(int32_t x, int32_t y) {
               ") - dX (" + number(std::fabs(x1 - x2)) + "), dY (" + number(std::fabs(y1 - y2)) + ")");
 }
 
+// Each step moves the marks by the pointer's step; the status shows the
+// whole way from the press.
 void drag_marked(int32_t x, int32_t y) {
   if (CountSelected(lists.select_line) == 0) return;
-  const double dx = (x - gesture.press_x) / view.view_scale;
-  const double dy = (gesture.press_y - y) / view.view_scale;
-  move_marked(dx, dy, 0);
-  show_status("Movement dX (" + number(dx) + "), dY (" + number(dy) + ")");
-  gesture.press_x = x;
-  gesture.press_y = y;
+  move_marked((x - gesture.last_x) / view.view_scale, (gesture.last_y - y) / view.view_scale, 0);
   RefreshListsAfterEdit();
+  show_status("Movement dX (" + number((x - gesture.press_x) / view.view_scale) + "), dY (" +
+              number((gesture.press_y - y) / view.view_scale) + ")");
   doc.modified = true;
   RedrawView();
 }
 
-void pan(int32_t x, int32_t y) {
-  ZoomView(1, x - gesture.press_x, gesture.press_y - y, true);
-  gesture.press_x = x;
-  gesture.press_y = y;
+void pan(int32_t x, int32_t y) { ZoomView(1, x - gesture.last_x, gesture.last_y - y, true); }
+
+bool near_press(int32_t x, int32_t y) {
+  return std::max(std::abs(x - gesture.press_x), std::abs(y - gesture.press_y)) < drag_start_distance;
 }
 
 void hover(int32_t x, int32_t y) {
@@ -159,18 +162,15 @@ void insert_menu(int32_t x, int32_t y) {
   }
 }
 
-void edit_menu() {
-  platform().set_menu_item_enabled(PopupMenu::select_edit, 2, !lists.row_to_g.empty());
-  platform().popup_menu(PopupMenu::select_edit);
-}
+void edit_menu() { MarkedDataMenu(!lists.row_to_g.empty(), doc.layer(doc.current_layer).coor_count >= 2); }
 
 }  // namespace
 
 void picDraw_MouseDown(int32_t button, int32_t x, int32_t y) {
   if (!IsDocumentLoaded()) return;
   const BusyPointer busy;
-  gesture.press_x = view.wheel_anchor_x = x;
-  gesture.press_y = view.wheel_anchor_y = y;
+  gesture.press_x = gesture.last_x = view.wheel_anchor_x = x;
+  gesture.press_y = gesture.last_y = view.wheel_anchor_y = y;
   gesture.press_button = button;
   gesture.press_hit = pick_vertex(x, bitmap_y(y), true);  // on a marked vertex: a drag
   gesture.press_moved = false;
@@ -181,7 +181,8 @@ void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y) {
   if (!IsDocumentLoaded()) return;
   const BusyPointer busy;
   if (buttons == 0) return hover(x, y);
-  if (gesture.press_button == 0 || (x == gesture.press_x && y == gesture.press_y)) return;
+  if (gesture.press_button == 0 || (x == gesture.last_x && y == gesture.last_y)) return;
+  if (!gesture.press_moved && near_press(x, y)) return;
   switch (buttons) {
     case left_button:
       if (gesture.press_hit < 0) rubber_band(x, y);
@@ -194,6 +195,8 @@ void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y) {
     default:
       return;
   }
+  gesture.last_x = x;
+  gesture.last_y = y;
   gesture.press_moved = true;
 }
 

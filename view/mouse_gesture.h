@@ -10,9 +10,11 @@ namespace korvexed {
 enum MouseButton : int32_t { left_button = 1, right_button = 2, middle_button = 4 };
 
 struct MouseGesture {
-  // The pointer at the press, then at the last handled move; press_x = -1
-  // after a release: the next hover shows no text.
+  // The pointer at the press; press_x = -1 after a release: the next hover
+  // shows no text.
   int32_t press_x = 0, press_y = 0;
+  // The pointer at the last handled move (the press before the first).
+  int32_t last_x = 0, last_y = 0;
   // Centre of the rubber band, bitmap pixels.
   int32_t band_x = 0, band_y = 0;
   // The button pressed; 0 while no gesture is under way.
