@@ -54,7 +54,7 @@ void AppendMoveFlags(std::string& out, const coor_data& c) {
   if (out.size() == start) out.push_back('-');
 }
 
-void AppendEntry(std::string& out, int32_t j, const g_entry& entry) {
+void AppendEntry(std::string& out, int32_t j, const g_entry& entry, const layer_data& layer) {
   out.append("  ").append(std::to_string(j)).push_back(' ');
   if (entry.kind == line_kind::text) {
     out.append("text ").append(doc.text_list[entry.index]).push_back('\n');
@@ -64,6 +64,7 @@ void AppendEntry(std::string& out, int32_t j, const g_entry& entry) {
   out.append(KindName(entry.kind));
   AppendField(out, "x", c.x);
   AppendField(out, "y", c.y);
+  if (is_move(entry.kind)) AppendField(out, "z", doc.move_z(entry, layer));
   if (is_arc(entry.kind)) {
     const arc_data& centre = doc.arc(entry.index);
     AppendField(out, "i", centre.i);
@@ -101,7 +102,7 @@ bool WriteDump(std::FILE* out) {
     const layer_data& layer = doc.layer(i);
     AppendLayerHead(text, i, layer);
     for (int32_t j = 0; j < layer.g_count; ++j) {
-      AppendEntry(text, j, layer.g[static_cast<size_t>(j)]);
+      AppendEntry(text, j, layer.g[static_cast<size_t>(j)], layer);
       if (text.size() >= flush_size && !Flush(text, out)) return false;
     }
   }

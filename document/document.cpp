@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "document/gcode_line.h"
+#include "document/layer_finder.h"
 #include "editing/list_state.h"
 #include "platform/platform.h"
 
@@ -58,14 +59,7 @@ double Document::plane_length_sq(PlanePoint from, const g_entry& entry) {
 
 namespace {
 
-layer_data* last_layer_with_room() {
-  layer_data& layer = doc.layer(doc.layer_count - 1);
-  if (layer.g_count >= max_data_count) {
-    doc.data_limit_hit = true;
-    return nullptr;
-  }
-  return &layer;
-}
+layer_data& last_layer() { return doc.layer(doc.layer_count - 1); }
 
 // The X, Y and F that the line gives become the last known values.
 void take_fields(const MoveFields& fields) {
@@ -87,29 +81,12 @@ coor_data& append_coordinate_entry(layer_data& layer, line_kind kind) {
 
 }  // namespace
 
-void AddLayer(line_kind kind, const MoveFields& fields, std::string_view comment) {
-  if (doc.layer_count >= max_data_count) {
-    doc.data_limit_hit = true;
-    return;
-  }
-  if (doc.layer_count >= doc.layer_capacity()) doc.layer_list.resize(static_cast<size_t>(doc.layer_count + layer_chunk));
-  layer_data& layer = doc.layer(doc.layer_count);
-  // The layer's entries go behind those of the layer before.
-  doc.entry_pool.reserve(doc.entry_pool_used + 1);
-  layer.g.place_at(doc.entry_pool.data() + doc.entry_pool_used);
-  layer.z = doc.current_z;
-  layer.g_count = 0;
-  layer.coor_count = 0;
-  layer.dz = doc.layer_count < 1 ? 0 : doc.current_z - doc.layer(doc.layer_count - 1).z;
-  ++doc.layer_count;
-  AddMoveRecord(kind, fields, comment);
-}
-
 void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view comment) {
-  layer_data* layer = last_layer_with_room();
-  if (!layer) return;
+  layer_data* layer = &last_layer();
   const double e_before = doc.last_coor.e;
   const double prev_x = doc.last_coor.x, prev_y = doc.last_coor.y;
+  const double z_before = doc.current_z;
+  if (fields.has(MoveFields::z)) doc.current_z = fields.value[MoveFields::z];
   take_fields(fields);
   coor_data& c = append_coordinate_entry(*layer, kind);
   const coor_data& last = doc.last_coor;
@@ -131,19 +108,16 @@ void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view co
     const double i = fields.value[MoveFields::i], j = fields.value[MoveFields::j];
     doc.add_arc(entry.index, i, j, Arc{{prev_x, prev_y}, {c.x, c.y}, i, j, kind == line_kind::g2}.sweep());
   }
-  c.d_delta = doc.plane_length_sq({prev_x, prev_y}, entry);
-  if (layer->coor_count < 1 && doc.layer_count > 1) {
-    // The first move of a layer also climbs from the layer before.
-    const double rise = doc.layer(doc.layer_count - 2).z - layer->z;
-    c.d_delta += rise * rise;
-  }
+  const double plane_sq = doc.plane_length_sq({prev_x, prev_y}, entry);
+  const double rise = doc.current_z - z_before;
+  c.d_delta = plane_sq + rise * rise;
   c.no_extrude = c.d_delta <= negligible || c.e_delta <= 0;
   ++layer->coor_count;
+  NoteMoveHeight(static_cast<uint32_t>(layer->g_count - 1), doc.current_z, c.e_delta > 0 && plane_sq > negligible);
 }
 
 void AddG92Record(const MoveFields& fields, std::string_view comment) {
-  layer_data* layer = last_layer_with_room();
-  if (!layer) return;
+  layer_data* layer = &last_layer();
   take_fields(fields);
   if (fields.given & given_e) doc.last_coor.e = fields.value[MoveFields::e];
   coor_data& c = append_coordinate_entry(*layer, line_kind::g92);
@@ -157,8 +131,7 @@ void AddG92Record(const MoveFields& fields, std::string_view comment) {
 }
 
 void AddTextRecord(std::string_view line) {
-  layer_data* layer = last_layer_with_room();
-  if (!layer) return;
+  layer_data* layer = &last_layer();
   doc.ensure_g_capacity(*layer);
   if (doc.text_list_count >= doc.text_list.capacity()) doc.text_list.grow(text_chunk);
   doc.text_list.add(line);
@@ -178,12 +151,23 @@ void ResetDocument(bool loaded) {
   doc.e_relative = doc.g91_block = false;
   doc.arcs_in_plane = true;
   doc.arc_list.clear();
+  doc.z_list.clear();
+  ClearMoveHeights();
+  doc.layer_tag_position = UINT32_MAX;
   doc.text_list.clear();
   doc.comment_list.clear();
   doc.comment_list.add("");
   doc.entry_pool_used = 0;
-  // G1 Z0, a move that states no field the writer would write.
-  AddLayer(line_kind::g1, MoveFields{}, "");
+  // Layer 0 at the bed, holding G1 Z0: a move that states no field the
+  // writer would write.
+  if (doc.layer_capacity() < 1) doc.layer_list.resize(layer_chunk);
+  layer_data& layer = doc.layer(0);
+  doc.entry_pool.reserve(1);
+  layer.g.place_at(doc.entry_pool.data());
+  layer.z = layer.dz = 0;
+  layer.g_count = layer.coor_count = 0;
+  doc.layer_count = 1;
+  AddMoveRecord(line_kind::g1, MoveFields{}, "");
   doc.layer_tagged = 0;
 }
 

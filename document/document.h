@@ -62,6 +62,13 @@ struct arc_data {
   double sweep;  // the angle it turns, kept by edits that move its ends
 };
 
+// The height of a move that differs from its layer's: a lift, its travel,
+// a turn of a spiral.
+struct height_data {
+  int32_t index;
+  double z;
+};
+
 struct layer_data {
   double z = 0;
   EntryArray g;
@@ -83,6 +90,7 @@ struct Document {
   int32_t text_list_count = 0;
 
   RecordTable<arc_data> arc_list;
+  RecordTable<height_data> z_list;
 
   // The comments of coordinate records; id 0 is the empty comment.
   TextArena comment_list;
@@ -98,7 +106,8 @@ struct Document {
   bool decimal_comma = false;
 
   // Loader and writer working state.
-  double current_z = 0;
+  double current_z = 0;  // the Z in force, the height of the last move
+  uint32_t layer_tag_position = UINT32_MAX;  // the first line with ";LAYER:" behind its ";"
   coor_data last_coor;
   bool data_limit_hit = false;
   bool e_relative = false;  // M83 in force
@@ -127,6 +136,12 @@ struct Document {
   // `start` or its end moved: a short arc keeps its sweep, a long one its
   // radius.
   void fit_arc(const g_entry& entry, PlanePoint start);
+  // The height of move entry `entry` of `layer`: its own where it has one,
+  // else its layer's.
+  double move_z(const g_entry& entry, const layer_data& layer) {
+    const height_data* own = z_list.find(entry.index);
+    return own ? own->z : layer.z;
+  }
   // The arc that move entry `entry` draws from `from`.
   Arc arc_from(PlanePoint from, const g_entry& entry);
   // The squared length in the plane of move entry `entry` from `from`
@@ -145,9 +160,8 @@ extern Document doc;
 
 struct MoveFields;
 
-// Filling the model from G-code lines, whose fields have been read. A
-// refused addition (a limit reached) changes nothing but data_limit_hit.
-void AddLayer(line_kind kind, const MoveFields& fields, std::string_view comment);  // at current_z
+// Filling the model from G-code lines, whose fields have been read. The
+// whole file goes into one layer, which FindLayers then cuts.
 void AddMoveRecord(line_kind kind, const MoveFields& fields, std::string_view comment);
 void AddG92Record(const MoveFields& fields, std::string_view comment);
 // A line kept exactly as it was read.

@@ -125,7 +125,7 @@ struct MoveRule {
 };
 
 // Returns whether a line was written. `layer_start`: the record is the
-// first move of a layer from layer 1 on, where the layer's height goes.
+// first move of a layer from layer 1 on; `z` is the move's own height.
 bool write_move(LineSink& sink, const g_entry& entry, MoveRule rule, PrinterState& state, bool layer_start, double z) {
   const coor_data& record = doc.coor(entry);
   coor_data shown = record;
@@ -140,8 +140,11 @@ bool write_move(LineSink& sink, const g_entry& entry, MoveRule rule, PrinterStat
     shown.e = no_value;
   }
   if (!rule.write(state, F::f, record.f, record.given & given_f)) shown.f = no_value;
+  // The first move of a layer states its height; a lift and its return
+  // are written as read.
   const bool z_unknown = !state.known[F::z];
-  const bool write_z = (layer_start && (z_unknown || z != state.last[F::z])) || ((record.given & given_z) && z_unknown);
+  const bool write_z = (layer_start && (z_unknown || z != state.last[F::z])) ||
+                       ((record.given & given_z) && z_unknown) || (!z_unknown && RoundTo5(z) != RoundTo5(state.last[F::z]));
   if (write_z) state.set(F::z, z);
 
   const arc_data* centre = is_arc(entry.kind) ? &doc.arc(entry.index) : nullptr;
@@ -199,7 +202,7 @@ int write_document(int fd, uint8_t mode) {
         sink.line(RecordText(entry, 0, false, true, false));
         ++w;
       } else if (is_move(entry.kind) && !is_reset_line(entry)) {
-        if (write_move(sink, entry, rule, state, layer_start, layer.z)) ++w;
+        if (write_move(sink, entry, rule, state, layer_start, doc.move_z(entry, layer))) ++w;
         layer_start = false;
       }
       if (w % 10000 == 0) ShowStatus("Saving GCode line " + std::to_string(w), 1);

@@ -11,6 +11,7 @@
 
 #include "document/gcode_line.h"
 #include "document/korvexed_general.h"
+#include "document/layer_finder.h"
 #include "document/open_error.h"
 #include "document/piece_reader.h"
 #include "platform/platform.h"
@@ -75,14 +76,24 @@ bool find_arc_centre(line_kind kind, MoveFields& fields) {
   return i != 0 || j != 0;
 }
 
+// Cuts the file into its printed layers, and tells whether its ";LAYER:"
+// tags start within the first of them.
+void find_layers() {
+  FindLayers();
+  if (doc.layer_tag_position == UINT32_MAX) return;
+  const g_entry* tag = doc.layer(0).g.begin() + doc.layer_tag_position;
+  if (doc.layer_count <= 4 || tag < doc.layer(4).g.begin()) doc.layer_tagged = 1;
+}
+
 void read_piece(std::string_view piece, int64_t& n, Unreadable& unreadable, std::string& scratch) {
   std::string_view code = piece;
   const std::string_view comment = SplitComment(code);
   ++n;
   if (n % 10000 == 0) ShowStatus("Reading GCode line " + std::to_string(n), 1);
-  // Only a ";LAYER:" behind the line's first ";" marks a tagged file.
-  if (doc.layer_count <= 4 && doc.layer_tagged == 0 && comment.find(";LAYER:") != std::string_view::npos)
-    doc.layer_tagged = 1;
+  // Only a ";LAYER:" behind the line's first ";" marks a tagged file (when
+  // it stands in the first layers, which are known at the end).
+  if (doc.layer_tag_position == UINT32_MAX && comment.find(";LAYER:") != std::string_view::npos)
+    doc.layer_tag_position = static_cast<uint32_t>(doc.layer(0).g_count);
   const CommandWord word = ReadCommandWord(code);
   const bool in_block = doc.g91_block;
   follow_modes(word);
@@ -94,9 +105,6 @@ void read_piece(std::string_view piece, int64_t& n, Unreadable& unreadable, std:
     AddTextRecord(piece);
   } else if (line.kind == line_kind::g92) {
     AddG92Record(line.fields, line.comment);
-  } else if (const double z = line.fields.value[MoveFields::z]; z != no_value && z != doc.current_z) {
-    doc.current_z = z;
-    AddLayer(line.kind, line.fields, line.comment);
   } else {
     AddMoveRecord(line.kind, line.fields, line.comment);
   }
@@ -136,6 +144,7 @@ bool LoadGCode(const std::string& path) {
     error = std::strerror(e.code().value());
   }
   ::close(fd);
+  if (error.empty()) find_layers();
 
   if (!error.empty()) {
     platform().message_box("Error while reading GCode file at line " + std::to_string(n) + ": " + error,

@@ -35,7 +35,7 @@ std::string CheckConsistency() {
       const coor_data& m = doc.coor(l, r);
       const double e = p.e + m.e_delta;
       if (!tally(m.e, e)) return failure(l, r, "e", m.e, e);
-      const double l2 = move_length_sq(p, p_layer, l, r);
+      const double l2 = move_length_sq(p, height_before(l, r - 1), l, r);
       if (!tally(m.d_delta, l2)) return failure(l, r, "d_delta", m.d_delta, l2);
     }
   }

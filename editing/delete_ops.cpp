@@ -16,9 +16,9 @@ namespace {
 
 // Re-derives the first move at or after record r of `layer` from state p,
 // which the G92 records passed on the way update.
-void rederive_next_move(coor_data p, int32_t p_layer, int32_t layer, int32_t r) {
+void rederive_next_move(coor_data p, double p_z, int32_t layer, int32_t r) {
   const int32_t n = find_next_move(layer, r, p);
-  if (n >= 0) rederive_move(p, p_layer, layer, n);
+  if (n >= 0) rederive_move(p, p_z, layer, n);
 }
 
 // Re-derives move n of `layer` after the vertices `run` (in file order,
@@ -32,7 +32,7 @@ double rederive_after_run(std::span<const int32_t> run, int32_t layer, int32_t n
   for (auto it = run.rbegin(); it != run.rend(); ++it) {
     int32_t p_layer = cur;
     p = get_state_before(p_layer, *it - 1);
-    const double l2 = refit_length_sq(p, p_layer, layer, n);
+    const double l2 = refit_length_sq(p, height_before(cur, *it - 1), layer, n);
     keep_extrusion_rate(m, l2);
     set_move_length(m, l2);
   }
@@ -40,6 +40,30 @@ double rederive_after_run(std::span<const int32_t> run, int32_t layer, int32_t n
   const double delta = e - m.e;
   m.e = e;
   return std::fabs(delta) > negligible ? delta : 0;
+}
+
+// Lowers what stood on layer i by its thickness: its height over the
+// nearest layer before it that lies lower (or the bed). Only the later
+// layers that stand above it come down, up to the first that does not: a
+// prime line printed high, or a second object printed after the first,
+// leaves what follows where it is.
+void take_out_thickness(int32_t i) {
+  const double z = doc.layer(i).z;
+  double below = 0;
+  for (int32_t k = i - 1; k >= 0; --k) {
+    if (doc.layer(k).z < z) {
+      below = doc.layer(k).z;
+      break;
+    }
+  }
+  const double thickness = z - below;
+  for (int32_t j = i + 1; j < doc.layer_count && doc.layer(j).z > z; ++j) {
+    layer_data& layer = doc.layer(j);
+    layer.z -= thickness;
+    // Its lifts and other heights of their own come down with it.
+    for (int32_t r = 0; r < layer.g_count; ++r)
+      if (height_data* own = doc.z_list.find(layer.g[static_cast<size_t>(r)].index)) own->z -= thickness;
+  }
 }
 
 }  // namespace
@@ -69,7 +93,7 @@ int32_t delete_marked_vertices() {
     if (next_marked < marked.size() && marked[next_marked] == r) {
       int32_t p_layer = cur;
       const coor_data p = get_state_before(p_layer, r - 1);
-      check_d_delta(p, p_layer, cur, r);
+      check_d_delta(p, height_before(cur, r - 1), cur, r);
       ++next_marked;
       continue;
     }
@@ -99,7 +123,7 @@ int32_t delete_selected_rows() {
       // Without this reset the next move carries on from the state before it.
       int32_t p_layer = cur;
       const coor_data p = get_state_before(p_layer, r - 1);
-      rederive_next_move(p, p_layer, cur, r + 1);
+      rederive_next_move(p, height_before(cur, r - 1), cur, r + 1);
     } else if (kind != line_kind::text) {
       continue;  // moves go only through the vertex list
     }
@@ -119,8 +143,7 @@ int32_t delete_selected_layers() {
       break;
     }
     LayerRowRemoved(i);
-    const double thickness = doc.layer(i).dz;
-    for (int32_t j = i + 1; j < doc.layer_count; ++j) doc.layer(j).z -= thickness;
+    take_out_thickness(i);
     // The removed layer's slot, with its entries, goes behind the last layer.
     std::rotate(doc.layer_list.begin() + i, doc.layer_list.begin() + i + 1, doc.layer_list.begin() + doc.layer_count);
     --doc.layer_count;
@@ -128,7 +151,7 @@ int32_t delete_selected_layers() {
     if (i < doc.layer_count) {
       int32_t p_layer = i;
       const coor_data p = get_state_before(p_layer, -1);
-      rederive_next_move(p, p_layer, i, 0);
+      rederive_next_move(p, height_before(i, -1), i, 0);
     }
   }
   if (refused) platform().message_box("Cannot remove all layer", MsgIcon::information, MsgButtons::ok);

@@ -12,23 +12,36 @@ namespace korvexed {
 
 namespace {
 
-// Where a new vertex splits a move, and the squared lengths of the two
-// pieces (the first with the move's climb from the layer before).
+// Where a new vertex splits a move, at which height, and the squared
+// lengths of the two pieces.
 struct Split {
   PlanePoint at;
+  double z;
   double first_sq, second_sq;
   double angle = 0;  // on an arc: the first piece's sweep
 };
 
-Split split_line(const coor_data& p, int32_t p_layer, const coor_data& m, double x, double y) {
-  const int32_t cur = doc.current_layer;
-  return {{x, y}, dist3_sq(p.x, p.y, layer_z(p_layer), x, y, layer_z(cur)), dist2_sq(x, y, m.x, m.y)};
+// The new vertex climbs with its share of the move: of its length in the
+// plane on a line, of its angle on an arc.
+void climb(Split& split, double first_plane_sq, double second_plane_sq, double share, double p_z, double m_z) {
+  split.z = p_z + share * (m_z - p_z);
+  split.first_sq = first_plane_sq + (split.z - p_z) * (split.z - p_z);
+  split.second_sq = second_plane_sq + (m_z - split.z) * (m_z - split.z);
 }
 
-Split split_arc(const Arc& arc, int32_t p_layer, double angle) {
-  const double rise = layer_z(doc.current_layer) - layer_z(p_layer);
+Split split_line(const coor_data& p, double p_z, const coor_data& m, double m_z, double x, double y) {
+  Split split{{x, y}, 0, 0, 0};
+  const double first = dist2_sq(p.x, p.y, x, y), second = dist2_sq(x, y, m.x, m.y);
+  const double whole = std::sqrt(first) + std::sqrt(second);
+  climb(split, first, second, whole > 0 ? std::sqrt(first) / whole : 0, p_z, m_z);
+  return split;
+}
+
+Split split_arc(const Arc& arc, double p_z, double m_z, double angle) {
+  Split split{arc.at(angle), 0, 0, 0, angle};
   const double first = arc.radius() * angle, second = arc.radius() * (arc.sweep() - angle);
-  return {arc.at(angle), first * first + rise * rise, second * second, angle};
+  climb(split, first * first, second * second, angle / arc.sweep(), p_z, m_z);
+  return split;
 }
 
 // The whole arc that record r of the current layer ends.
@@ -49,12 +62,14 @@ void insert_point(int32_t r, double x, double y) {
   }
   int32_t p_layer = cur;
   const coor_data p = get_state_before(p_layer, r - 1);
-  check_d_delta(p, p_layer, cur, r);
+  const double p_z = height_before(cur, r - 1), m_z = move_z(cur, r);
+  check_d_delta(p, p_z, cur, r);
   const g_entry entry = doc.layer(cur).g[static_cast<size_t>(r)];
   coor_data m = doc.coor(entry);
   const bool arc = is_arc(entry.kind);
   const Arc whole = arc ? doc.arc_from({p.x, p.y}, entry) : Arc{};
-  const Split split = arc ? split_arc(whole, p_layer, whole.nearest_angle({x, y})) : split_line(p, p_layer, m, x, y);
+  const Split split =
+      arc ? split_arc(whole, p_z, m_z, whole.nearest_angle({x, y})) : split_line(p, p_z, m, m_z, x, y);
   coor_data q;
   q.x = split.at.x;
   q.y = split.at.y;
@@ -80,10 +95,12 @@ void insert_point(int32_t r, double x, double y) {
   insert_record_before(cur, r);
   doc.coor(cur, r + 1) = m;
   doc.coor(cur, r) = q;
+  const int32_t q_index = doc.layer(cur).g[static_cast<size_t>(r)].index;
+  if (split.z != doc.layer(cur).z) doc.z_list.add({q_index, split.z});
   if (arc) {
     // Both pieces turn round the arc's centre.
     const PlanePoint centre = whole.centre();
-    doc.add_arc(doc.layer(cur).g[static_cast<size_t>(r)].index, centre.x - p.x, centre.y - p.y, split.angle);
+    doc.add_arc(q_index, centre.x - p.x, centre.y - p.y, split.angle);
     arc_data& rest = doc.arc(entry.index);
     rest.i = centre.x - q.x;
     rest.j = centre.y - q.y;

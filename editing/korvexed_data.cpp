@@ -48,6 +48,20 @@ coor_data get_state_before(int32_t& layer, int32_t r) {
   return zero_missing(s);
 }
 
+double height_before(int32_t layer, int32_t r) {
+  for (; layer >= 0; --layer, r = INT32_MAX) {
+    const layer_data& ly = doc.layer(layer);
+    for (int32_t i = std::min(r, ly.g_count - 1); i >= 0; --i)
+      if (is_move(ly.g[static_cast<size_t>(i)].kind)) return doc.move_z(ly.g[static_cast<size_t>(i)], ly);
+  }
+  return 0;
+}
+
+double move_z(int32_t layer, int32_t r) {
+  const layer_data& ly = doc.layer(layer);
+  return doc.move_z(ly.g[static_cast<size_t>(r)], ly);
+}
+
 int32_t find_next_move(int32_t& layer, int32_t r, coor_data& state) {
   for (int32_t l = layer; l < doc.layer_count; ++l, r = 0) {
     const layer_data& ly = doc.layer(l);
@@ -117,9 +131,9 @@ void delete_records(int32_t layer, std::span<const int32_t> rows) {
   if (layer == doc.current_layer) ListRowsRemoved(rows);
 }
 
-void rederive_move(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
+void rederive_move(const coor_data& p, double p_z, int32_t layer, int32_t r) {
   coor_data& m = doc.coor(layer, r);
-  const double l2 = refit_length_sq(p, p_layer, layer, r);
+  const double l2 = refit_length_sq(p, p_z, layer, r);
   keep_extrusion_rate(m, l2);
   settle_move(m, p.e, l2, layer, r);
 }
@@ -132,9 +146,9 @@ void settle_move(coor_data& m, double e_before, double l2, int32_t layer, int32_
   shift_e_after(layer, r + 1, delta);
 }
 
-bool check_d_delta(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
+bool check_d_delta(const coor_data& p, double p_z, int32_t layer, int32_t r) {
   const coor_data& m = doc.coor(layer, r);
-  const double l2 = move_length_sq(p, p_layer, layer, r);
+  const double l2 = move_length_sq(p, p_z, layer, r);
   if (std::fabs(l2 - m.d_delta) < negligible) return true;
   platform().message_box("for debug purpose: d_delta is not tally at layer_list(" + std::to_string(layer) + ").g(" +
                              std::to_string(r) + ") please report to the developer",
@@ -142,15 +156,15 @@ bool check_d_delta(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r
   return false;
 }
 
-double move_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
-  const double rise = layer_z(layer) - layer_z(p_layer);
+double move_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r) {
+  const double rise = move_z(layer, r) - p_z;
   return doc.plane_length_sq({p.x, p.y}, doc.layer(layer).g[static_cast<size_t>(r)]) + rise * rise;
 }
 
-double refit_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r) {
+double refit_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r) {
   const g_entry& entry = doc.layer(layer).g[static_cast<size_t>(r)];
   if (is_arc(entry.kind)) doc.fit_arc(entry, {p.x, p.y});
-  return move_length_sq(p, p_layer, layer, r);
+  return move_length_sq(p, p_z, layer, r);
 }
 
 double dist2_sq(double x1, double y1, double x2, double y2) {

@@ -13,6 +13,11 @@ namespace korvexed {
 // The machine state in force at record r of `layer`, walking backwards;
 // `layer` becomes the layer where the walk ended.
 coor_data get_state_before(int32_t& layer, int32_t r);
+// The height the tool is at, at record r of `layer`: that of the last move
+// there or before (0, the bed, before the first).
+double height_before(int32_t layer, int32_t r);
+// The height of move r of `layer`.
+double move_z(int32_t layer, int32_t r);
 // The first G1/G0 record at or after r (then in later layers); G92 records
 // passed on the way update `state`. -1 (and `layer` = layer count) if none.
 int32_t find_next_move(int32_t& layer, int32_t r, coor_data& state);
@@ -29,18 +34,18 @@ void delete_records(int32_t layer, std::span<const int32_t> rows);
 
 // Re-derives move r of `layer` after one of its ends moved, from state p
 // found in layer p_layer, and carries the change of its E on.
-void rederive_move(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r);
+void rederive_move(const coor_data& p, double p_z, int32_t layer, int32_t r);
 // The d_delta self-check of move r against state p; reports a mismatch
 // and returns false, never blocks.
-bool check_d_delta(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r);
+bool check_d_delta(const coor_data& p, double p_z, int32_t layer, int32_t r);
 
 // The squared length of move r of `layer` from state p (found in layer
 // p_layer): in the plane, along an arc for an arc, and in height.
-double move_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r);
+double move_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r);
 // The same after one of its ends moved: an arc's centre is fitted anew
 // first, keeping its direction and its sweep (its radius when longer than
 // half a turn).
-double refit_length_sq(const coor_data& p, int32_t p_layer, int32_t layer, int32_t r);
+double refit_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r);
 
 double dist2_sq(double x1, double y1, double x2, double y2);
 double dist3_sq(double x1, double y1, double z1, double x2, double y2, double z2);

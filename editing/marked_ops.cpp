@@ -25,13 +25,14 @@ void move_vertex(int32_t r, double dx, double dy, double de) {
   const int32_t cur = doc.current_layer;
   int32_t p_layer = cur;
   const coor_data p = get_state_before(p_layer, r - 1);
-  check_d_delta(p, p_layer, cur, r);
+  const double p_z = height_before(cur, r - 1);
+  check_d_delta(p, p_z, cur, r);
   doc.mark_given(doc.layer(cur).g[static_cast<size_t>(r)].index,
                  given_x | given_y | (std::fabs(de) > negligible ? given_e : 0));
   coor_data& m = doc.coor(cur, r);
   m.x += dx;
   m.y += dy;
-  const double l2 = refit_length_sq(p, p_layer, cur, r);
+  const double l2 = refit_length_sq(p, p_z, cur, r);
   m.e_delta += de;  // a typed dE is scaled with the segment too
   keep_extrusion_rate(m, l2);
   m.e = p.e + m.e_delta;
@@ -45,7 +46,7 @@ double rederive_next(int32_t n) {
   int32_t p_layer = cur;
   const coor_data p = get_state_before(p_layer, n - 1);
   coor_data& next = doc.coor(cur, n);
-  const double l2 = refit_length_sq(p, p_layer, cur, n);
+  const double l2 = refit_length_sq(p, height_before(cur, n - 1), cur, n);
   keep_extrusion_rate(next, l2);
   const double delta = (p.e + next.e_delta) - next.e;
   next.e += delta;
@@ -88,7 +89,7 @@ bool move_marked(double dx, double dy, double de) {
     coor_data p = get_state_before(p_layer, ly.g_count - 1);
     int32_t n_layer = cur + 1;
     const int32_t n = find_next_move(n_layer, 0, p);
-    if (n >= 0) rederive_move(p, p_layer, n_layer, n);
+    if (n >= 0) rederive_move(p, height_before(cur, ly.g_count - 1), n_layer, n);
   }
   return true;
 }

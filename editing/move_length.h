@@ -22,6 +22,4 @@ inline void set_move_length(coor_data& m, double l2) {
 // own extrusion and the new length, and carries the change of its E on.
 void settle_move(coor_data& m, double e_before, double l2, int32_t layer, int32_t r);
 
-inline double layer_z(int32_t layer) { return doc.layer(layer).z; }
-
 }  // namespace korvexed

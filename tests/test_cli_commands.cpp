@@ -53,15 +53,15 @@ TEST_F(CliCommands, DumpWritesEveryRecordWithFullPrecision) {
   EXPECT_TRUE(result.out.starts_with(
       "document layers=3 tagged=0\n"
       "layer 0 z=0 dz=0 records=3 moves=1\n"
-      "  0 G1 x=0 y=0 e=0 f=0 e_delta=0 d_delta=0 no_extrude=1 rel=0 given=- comment=\n"
+      "  0 G1 x=0 y=0 z=0 e=0 f=0 e_delta=0 d_delta=0 no_extrude=1 rel=0 given=- comment=\n"
       "  1 text ; test square\n"
       "  2 G92 x=none y=none e=0 f=none e_delta=0 d_delta=0 no_extrude=1 comment=\n"
       "layer 1 z=0.29999999999999999 dz=0.29999999999999999 records=6 moves=5\n"
-      "  0 G1 x=0 y=0 e=0 f=1200 e_delta=0 d_delta=0.089999999999999997 no_extrude=1 rel=0 given=ZF comment=\n"
-      "  1 G1 x=10 y=0 e=1 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=edge\n"
-      "  2 G1 x=10 y=10 e=2 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=\n"
-      "  3 G0 x=0 y=10 e=2 f=1200 e_delta=0 d_delta=100 no_extrude=1 rel=0 given=XY comment=\n"
-      "  4 G1 x=0 y=0 e=3 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=\n"
+      "  0 G1 x=0 y=0 z=0.29999999999999999 e=0 f=1200 e_delta=0 d_delta=0.089999999999999997 no_extrude=1 rel=0 given=ZF comment=\n"
+      "  1 G1 x=10 y=0 z=0.29999999999999999 e=1 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=edge\n"
+      "  2 G1 x=10 y=10 z=0.29999999999999999 e=2 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=\n"
+      "  3 G0 x=0 y=10 z=0.29999999999999999 e=2 f=1200 e_delta=0 d_delta=100 no_extrude=1 rel=0 given=XY comment=\n"
+      "  4 G1 x=0 y=0 z=0.29999999999999999 e=3 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=\n"
       "  5 text ;comment line\n"
       "layer 2 z=0.59999999999999998 dz=0.29999999999999999 records=3 moves=3\n"))
       << result.out;

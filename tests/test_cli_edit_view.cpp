@@ -81,7 +81,7 @@ TEST_F(CliEditView, OutputCommandsWriteToStandardOutputInOrder) {
   EXPECT_TRUE(result.out.starts_with("; test square\r\nG92 E0\r\n;Layer count: 2\r\n")) << result.out;
   EXPECT_NE(result.out.find(std::string(square_saved) + "document layers=3 tagged=0\n"), std::string::npos)
       << "the export leaves the document as it was, and the dump follows the save";
-  EXPECT_TRUE(result.out.ends_with("  2 G1 x=10 y=10 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=\n"));
+  EXPECT_TRUE(result.out.ends_with("  2 G1 x=10 y=10 z=0.59999999999999998 e=5 f=1200 e_delta=1 d_delta=100 no_extrude=0 rel=0 given=XYE comment=\n"));
 }
 
 TEST_F(CliEditView, OutputCommandsWriteFilesAndAFailedWriteLetsTheScriptGoOn) {

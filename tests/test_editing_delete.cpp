@@ -16,7 +16,7 @@ const char* const layers_doc =
     "G1 X0 Y0 F1200\nG1 X3 Y0 E3\n"
     "G1 X3 Y0 Z0.2 E4\nG1 X6 Y0 E7\n"
     "G1 X6 Y0 Z0.5 E8\nG1 X9 Y0 E11\n"
-    "G1 X9 Y0 Z0.9 E12\n";
+    "G1 X12 Y0 Z0.9 E14\n";
 
 void select_layers(std::initializer_list<int32_t> layers) {
   lists.layer_selected.assign(static_cast<size_t>(doc.layer_count), 0);

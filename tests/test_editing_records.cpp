@@ -17,7 +17,7 @@ const char* const state_doc =
     "G92 E0\n"
     "M104 S200\n"
     "G1 X8 Y10 E3\n"
-    "G1 X8 Y10 Z0.4 E4\n"
+    "G1 X8 Y11 Z0.4 E4\n"
     "G92 X1\n"
     "G1 X1 Y10 E5\n";
 
@@ -33,12 +33,12 @@ TEST_F(State, BeforeARecordWalksBackToTheLastMoveAndTheResetsAfterIt) {
     int32_t layer, r, end_layer;
     double x, y, e, f;
   };
-  const char* const everything_reset = "G1 X1 Y1 E1\nG1 X1 Y1 Z0.3 E2\nG92 X7 Y8 E9 F100\nM117\n";
+  const char* const everything_reset = "G1 X1 Y1 E1\nG1 X1 Y2 Z0.3 E2\nG92 X7 Y8 E9 F100\nM117\n";
   const Case cases[] = {
       {"the origin before the first record", state_doc, 0, -1, 0, 0, 0, 0, 0},
       {"a reset of E keeps the move's position", state_doc, 0, 3, 0, 5, 6, 0, 900},
       {"into the layer before", state_doc, 1, -1, 0, 8, 10, 3, 900},
-      {"a reset of X in the same layer", state_doc, 1, 1, 1, 1, 10, 4, 900},
+      {"a reset of X in the same layer", state_doc, 1, 1, 1, 1, 11, 4, 900},
       {"a reset of everything ends the walk", everything_reset, 1, 2, 1, 7, 8, 9, 100},
   };
   for (const Case& c : cases) {

@@ -10,7 +10,7 @@ namespace {
 
 // Layer 0: G1 Z0, a travel, an extruding move, a zero-length extruding
 // move, a G92, a text line. Layer 1 at z 3.6.
-const char* const list_doc = "G0 X5 Y5\nG1 X9 Y5 E2\nG1 X9 Y5 E3\nG92 E0\nM106\nG1 X9 Y5 Z3.6 E1\n";
+const char* const list_doc = "G0 X5 Y5\nG1 X9 Y5 E2\nG1 X9 Y5 E3\nG92 E0\nM106\nG1 X10 Y5 Z3.6 E1\n";
 
 using U8 = std::vector<uint8_t>;
 

@@ -53,8 +53,8 @@ TEST_F(Load, KeepsBytesThatAreNotText) {
   EXPECT_EQ(saved(), odd + "\r\n");
 }
 
-TEST_F(Load, StartsALayerAtEveryChangeOfZ) {
-  load_text("G1 Z0.3 F1200\nG1 X10 Y0 E1\nG1 Z0.6\nG01 Z0.9 X1\nG1 Z0.9 X2\n");
+TEST_F(Load, StartsALayerWhereThePrintGoesOnAtANewHeight) {
+  load_text("G1 Z0.3 F1200\nG1 X10 Y0 E1\nG1 Z0.6\nG1 X0 Y0 E2\nG01 Z0.9 X1\nG1 X2 E3\n");
   ASSERT_EQ(doc.layer_count, 4);
   EXPECT_EQ(doc.layer(1).z, 0.3);
   EXPECT_EQ(doc.layer(1).dz, 0.3);
@@ -66,7 +66,7 @@ TEST_F(Load, StartsALayerAtEveryChangeOfZ) {
   // The first move of a layer climbs from the layer before.
   EXPECT_DOUBLE_EQ(doc.coor(1, 0).d_delta, 0.09);
   EXPECT_DOUBLE_EQ(doc.coor(1, 1).d_delta, 100);
-  EXPECT_DOUBLE_EQ(doc.coor(3, 0).d_delta, 9 * 9 + 0.3 * 0.3);
+  EXPECT_DOUBLE_EQ(doc.coor(3, 0).d_delta, 1 + 0.3 * 0.3);
   EXPECT_EQ(doc.coor(3, 1).d_delta, 1);
 }
 
