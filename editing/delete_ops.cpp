@@ -46,8 +46,9 @@ double rederive_after_run(std::span<const int32_t> run, int32_t layer, int32_t n
 // nearest layer before it that lies lower (or the bed). Only the later
 // layers that stand above it come down, up to the first that does not: a
 // prime line printed high, or a second object printed after the first,
-// leaves what follows where it is.
-void take_out_thickness(int32_t i) {
+// leaves what follows where it is. Returns the first later layer left
+// where it was.
+int32_t take_out_thickness(int32_t i) {
   const double z = doc.layer(i).z;
   double below = 0;
   for (int32_t k = i - 1; k >= 0; --k) {
@@ -57,13 +58,25 @@ void take_out_thickness(int32_t i) {
     }
   }
   const double thickness = z - below;
-  for (int32_t j = i + 1; j < doc.layer_count && doc.layer(j).z > z; ++j) {
+  int32_t j = i + 1;
+  for (; j < doc.layer_count && doc.layer(j).z > z; ++j) {
     layer_data& layer = doc.layer(j);
     layer.z -= thickness;
     // Its lifts and other heights of their own come down with it.
-    for (int32_t r = 0; r < layer.g_count; ++r)
-      if (height_data* own = doc.z_list.find(layer.g[static_cast<size_t>(r)].index)) own->z -= thickness;
+    for (int32_t r = 0; r < layer.g_count; ++r) {
+      const g_entry& entry = layer.g[static_cast<size_t>(r)];
+      if (!is_move(entry.kind)) continue;
+      if (height_data* own = doc.z_list.find(entry.index)) own->z -= thickness;
+    }
   }
+  return j;
+}
+
+// Re-derives the first move of layer i from what now comes before it.
+void rederive_layer_start(int32_t i) {
+  int32_t p_layer = i;
+  const coor_data p = get_state_before(p_layer, -1);
+  rederive_next_move(p, height_before(i, -1), i, 0);
 }
 
 }  // namespace
@@ -143,16 +156,15 @@ int32_t delete_selected_layers() {
       break;
     }
     LayerRowRemoved(i);
-    take_out_thickness(i);
+    const int32_t left_alone = take_out_thickness(i) - 1;  // once layer i is gone
     // The removed layer's slot, with its entries, goes behind the last layer.
     std::rotate(doc.layer_list.begin() + i, doc.layer_list.begin() + i + 1, doc.layer_list.begin() + doc.layer_count);
     --doc.layer_count;
     ++deleted;
-    if (i < doc.layer_count) {
-      int32_t p_layer = i;
-      const coor_data p = get_state_before(p_layer, -1);
-      rederive_next_move(p, height_before(i, -1), i, 0);
-    }
+    // The moves that now follow the removed layer, and the lowered ones,
+    // climb from elsewhere.
+    if (i < doc.layer_count) rederive_layer_start(i);
+    if (left_alone > i && left_alone < doc.layer_count) rederive_layer_start(left_alone);
   }
   if (refused) platform().message_box("Cannot remove all layer", MsgIcon::information, MsgButtons::ok);
   return deleted;
