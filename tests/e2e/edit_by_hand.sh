@@ -14,7 +14,7 @@ if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
   KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
 fi
 editor=$1 cli=$2 screen_vertices=$3 check_document=$4 fixture=$5
-layer=2          # the first printed layer: layer 1 is the start code's lift
+layer=1          # the first printed layer
 drag_x=40 drag_y=30
 
 work=$(mktemp -d)
