@@ -54,6 +54,15 @@ double rederive_next(int32_t n) {
   return std::fabs(delta) > negligible ? delta : 0;
 }
 
+// A line move that states no position of its own (a retraction, a lift,
+// a change of feedrate) and stands where the vertex before it stood: it
+// goes wherever that vertex goes.
+bool follows(const g_entry& entry, PlanePoint vertex) {
+  const coor_data& c = doc.coor(entry);
+  return !is_arc(entry.kind) && !(c.given & (given_x | given_y)) && std::fabs(c.x - vertex.x) <= negligible &&
+         std::fabs(c.y - vertex.y) <= negligible;
+}
+
 }  // namespace
 
 bool move_marked(double dx, double dy, double de) {
@@ -69,16 +78,26 @@ bool move_marked(double dx, double dy, double de) {
   // may differ from a vertex-by-vertex walk in the last bits of a double.
   double owed = 0;
   bool start_moved = false;  // the move before this one was moved
+  PlanePoint moved_from{};   // where that move ended before
   size_t next_marked = 0;
   for (int32_t r = marked.front(); r < ly.g_count; ++r) {
     const g_entry& entry = ly.g[static_cast<size_t>(r)];
     if (restarts_e(entry)) owed = 0;
     if (!is_move(entry.kind)) continue;
-    doc.coor(entry).e += owed;
+    coor_data& c = doc.coor(entry);
+    c.e += owed;
+    const bool marked_here = next_marked < marked.size() && marked[next_marked] == r;
+    const bool follower = start_moved && !marked_here && follows(entry, moved_from);
+    if (follower) {
+      c.x += dx;
+      c.y += dy;
+    }
     if (start_moved) owed += rederive_next(r);
-    start_moved = next_marked < marked.size() && marked[next_marked] == r;
+    if (follower) continue;
+    start_moved = marked_here;
     if (!start_moved) continue;
     ++next_marked;
+    moved_from = {c.x, c.y};
     move_vertex(r, dx, dy, de);
   }
   // The rest of the print owes what reached the end of the layer; a moved
