@@ -79,13 +79,13 @@ std::string DataLineText(int32_t row) {
 
 std::string SelectLineText(int32_t line) { return DataLineText(lists.row_to_g[at(line)]); }
 
-void FillLayerList() {
+void FillLayerList(int32_t current) {
   if (lists.refresh_guard) return;
   platform().set_slider_range(SliderId::layer, std::max(doc.layer_count - 1, 0), true);
   lists.layer_selected.assign(at(doc.layer_count), 0);
   lists.layer_caret = -1;
   platform().list_refilled(ListId::layer);
-  if (doc.layer_count > 0) ShowSingleLayer(0);
+  if (doc.layer_count > 0) ShowSingleLayer(current);
 }
 
 void ShowSingleLayer(int32_t layer) {

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QSettings>
 #include <QTest>
 #include <algorithm>
 #include <fstream>
@@ -56,6 +57,10 @@ int CountPixels(Rgb colour) {
 void FmMainTest::SetUp() {
   dir_ = fs::temp_directory_path() / ("korvexed_gui_" + std::to_string(::getpid()));
   fs::create_directories(dir_);
+  // The recent files of each test in a folder of its own, never the user's.
+  static int test_number = 0;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString((dir_ / ("settings_" + std::to_string(++test_number))).string()));
   StartWith({});
 }
 

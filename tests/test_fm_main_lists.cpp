@@ -139,9 +139,9 @@ TEST_F(ListsTest, ALayerClickFillsTheDataListAndTheStatus) {
 
 TEST_F(ListsTest, DeselectingTheCurrentLayerMovesToTheNearestSelectedBelowElseAbove) {
   ListBox* layers = List("lstLayer");
-  ClickLine(layers, 0, Qt::ControlModifier);  // the only one stays
-  EXPECT_EQ(lists.layer_selected, (U8{1, 0, 0, 0, 0}));
-  EXPECT_EQ(doc.current_layer, 0);
+  ClickLine(layers, 1, Qt::ControlModifier);  // the only one, the first printed, stays
+  EXPECT_EQ(lists.layer_selected, (U8{0, 1, 0, 0, 0}));
+  EXPECT_EQ(doc.current_layer, 1);
   ClickLine(layers, 1);
   ClickLine(layers, 4, Qt::ShiftModifier);
   ClickLine(layers, 2, Qt::ControlModifier);
@@ -191,8 +191,9 @@ TEST_F(ListsTest, RangeScrollAddsEveryLayerAndRowPassedOverByATrackClickOrTheWhe
   QSlider* layers = Slider("scrLayer");
   const auto [handle, groove] = HandleAndGroove(layers);
   EXPECT_LT(handle.width(), groove.width() / 8);  // a small handle, not half the track
+  // From the first printed layer to the last.
   QTest::mouseClick(layers, Qt::LeftButton, {}, QPoint(groove.right() - 2, handle.center().y()));
-  EXPECT_EQ(lists.layer_selected, (U8{1, 1, 1, 1, 1}));
+  EXPECT_EQ(lists.layer_selected, (U8{0, 1, 1, 1, 1}));
   EXPECT_EQ(doc.current_layer, 4);
 
   ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));

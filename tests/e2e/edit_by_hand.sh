@@ -1,8 +1,7 @@
 #!/bin/sh
 # The editor used as a person uses it, under a real X server of its own:
-# open a sliced print, step to its first printed layer with "+", fit it
-# with F4, drag one vertex with the pointer, delete another with Del, save
-# with Ctrl+S. Then the saved file must hold exactly those two edits, keep
+# open a sliced print, which shows its first printed layer fitted, drag
+# one vertex with the pointer, delete another with Del, save with Ctrl+S. Then the saved file must hold exactly those two edits, keep
 # the extrusion per millimetre of every move, and pass the consistency
 # check.
 # usage: edit_by_hand.sh KORVEXED KORVEXED_CLI SCREEN_VERTICES CHECK_DOCUMENT FIXTURE
@@ -14,10 +13,12 @@ if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
   KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
 fi
 editor=$1 cli=$2 screen_vertices=$3 check_document=$4 fixture=$5
-layer=1          # the first printed layer
+layer=1          # the first printed layer, current after the load
 drag_x=40 drag_y=30
 
 work=$(mktemp -d)
+# The recent files of this run stay in it.
+export XDG_CONFIG_HOME="$work/config"
 editor_pid=
 finish() {
   [ -n "$editor_pid" ] && kill "$editor_pid" 2>/dev/null
@@ -47,14 +48,6 @@ window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') |
 window=$(echo "$window" | head -n 1)
 timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
 
-# The keyboard reaches the layer and fits it.
-i=0
-while [ $i -lt $layer ]; do
-  xdotool key --clearmodifiers plus
-  i=$((i + 1))
-done
-xdotool key F4
-
 # Two lone vertex dots, as they show on the screen: A to drag, and B, away
 # from A's old and new place, to delete.
 two_dots() {
@@ -66,7 +59,7 @@ two_dots() {
     }
     END { exit !found }' "$work/dots" >"$work/pick"
 }
-# The same two twice in a row: the screen has settled after F4.
+# The same two twice in a row: the screen has settled after the load.
 settled() {
   two_dots && cp "$work/pick" "$work/pick.first" && two_dots && cmp -s "$work/pick" "$work/pick.first"
 }
