@@ -5,8 +5,8 @@
 #include "app/fm_main.h"
 #include "document/document.h"
 #include "document/korvexed_file.h"
-#include "editing/list_state.h"
 #include "document/printed_part.h"
+#include "editing/list_state.h"
 #include "view/korvexed_graphic.h"
 #include "view/world_view.h"
 
@@ -30,8 +30,8 @@ void FmMain::poFile_Click(int index) {
     }
     case 1: SaveFileFunc(code_save); break;
     case 2: SaveFileFunc(code_save_as); break;
-    case 6: ReloadCommand(); break;
     case 5: close(); break;
+    case 6: ReloadCommand(); break;
     default: break;
   }
 }
