@@ -137,6 +137,13 @@ TEST_F(ListsTest, ALayerClickFillsTheDataListAndTheStatus) {
   EXPECT_EQ(Status(1), QStringLiteral("3 vertices selected"));
 }
 
+TEST_F(ListsTest, TheLayerListWritesTheLocalesDecimalSeparatorAsTheDataListDoes) {
+  doc.decimal_comma = true;  // as a load in a decimal-comma locale finds it
+  ClickLine(List("lstLayer"), 2);
+  EXPECT_EQ(Status(1), QStringLiteral("L2> Z0,4"));
+  doc.decimal_comma = false;
+}
+
 TEST_F(ListsTest, DeselectingTheCurrentLayerMovesToTheNearestSelectedBelowElseAbove) {
   ListBox* layers = List("lstLayer");
   ClickLine(layers, 0, Qt::ControlModifier);  // the only one stays
