@@ -1,7 +1,8 @@
 #!/bin/sh
 # The editor used as a person uses it, under a real X server of its own:
 # open a sliced print, step to its first printed layer with "+", fit it
-# with F4, drag one vertex with the pointer, delete another with Del, save
+# with F4, shake the pointer on a click (which moves nothing), drag one
+# vertex with the pointer, delete another with Del, save
 # with Ctrl+S. Then the saved file must hold exactly those two edits, keep
 # the extrusion per millimetre of every move, and pass the consistency
 # check.
@@ -73,8 +74,11 @@ settled() {
 wait_for 100 settled || fail "no two lone vertices on the screen"
 read -r ax ay bx by <"$work/pick"
 
-# A click marks A; a press on the marked vertex drags it.
+# A click marks A; a hand's shake of 2 pixels on it is still a click and
+# moves nothing; a press on the marked vertex drags it.
 xdotool mousemove "$ax" "$ay" click 1
+xdotool mousemove "$ax" "$ay" mousedown 1
+xdotool mousemove "$((ax + 2))" "$((ay + 1))" mouseup 1
 xdotool mousemove "$ax" "$ay" mousedown 1
 xdotool mousemove "$((ax + drag_x))" "$((ay + drag_y))" mouseup 1
 # A click marks B alone; Del deletes it; Ctrl+S saves over the file.
