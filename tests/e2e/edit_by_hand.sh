@@ -7,39 +7,10 @@
 # the extrusion per millimetre of every move, and pass the consistency
 # check.
 # usage: edit_by_hand.sh KORVEXED KORVEXED_CLI SCREEN_VERTICES CHECK_DOCUMENT FIXTURE
-set -eu
-# Everything here talks to the X server below, whatever the caller's platform.
-unset QT_QPA_PLATFORM
-
-if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
-  KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
-fi
+. "$(dirname "$0")/e2e_lib.sh"
 editor=$1 cli=$2 screen_vertices=$3 check_document=$4 fixture=$5
 layer=2          # the first printed layer: layer 1 is the start code's lift
 drag_x=40 drag_y=30
-
-work=$(mktemp -d)
-editor_pid=
-finish() {
-  [ -n "$editor_pid" ] && kill "$editor_pid" 2>/dev/null
-  rm -rf "$work"
-}
-trap finish EXIT
-fail() {
-  echo "edit_by_hand: $*" >&2
-  exit 1
-}
-# Runs the command until it succeeds, at most $1 times, a tenth of a second
-# apart.
-wait_for() {
-  tries=$1
-  shift
-  until "$@"; do
-    tries=$((tries - 1))
-    [ "$tries" -gt 0 ] || return 1
-    sleep 0.1
-  done
-}
 
 cp "$fixture" "$work/print.gcode"
 "$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &

@@ -6,28 +6,12 @@
 # typing a path into Qt's chooser under a bare X server loses keys to its
 # name completer.)
 # usage: save_as_by_hand.sh KORVEXED FIXTURE
-set -eu
-unset QT_QPA_PLATFORM
-
-if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
-  KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
-fi
+. "$(dirname "$0")/e2e_lib.sh"
 editor=$1 fixture=$2
-
-work=$(mktemp -d)
 # Qt remembers its choosers' folders in the user's settings: these runs
 # keep theirs apart.
 export XDG_CONFIG_HOME="$work/config"
-editor_pid=
-finish() {
-  [ -n "$editor_pid" ] && kill "$editor_pid" 2>/dev/null
-  rm -rf "$work"
-}
-trap finish EXIT
-fail() {
-  echo "save_as_by_hand: $*" >&2
-  exit 1
-}
+
 # The window whose title matches $1, once it shows (at most 10 s).
 window_named() { timeout 10 xdotool search --sync --onlyvisible --name "$1" | head -n 1; }
 # Save As from the keyboard; waits for its chooser.
@@ -41,13 +25,9 @@ save_as() {
 }
 # Answers Yes to the question whether to replace the file, once it shows
 # over the chooser (both bear the chooser's title).
+two_save_as_windows() { [ "$(xdotool search --onlyvisible --name '^Save As$' | wc -l)" -ge 2 ]; }
 replace() {
-  tries=50
-  until [ "$(xdotool search --onlyvisible --name '^Save As$' | wc -l)" -ge 2 ]; do
-    tries=$((tries - 1))
-    [ "$tries" -gt 0 ] || fail "no question whether to replace the document"
-    sleep 0.1
-  done
+  wait_for 50 two_save_as_windows || fail "no question whether to replace the document"
   sleep 0.2
   xdotool key y
 }
@@ -62,9 +42,4 @@ save_as
 xdotool key Return
 replace
 saved() { ! cmp -s "$fixture" "$work/print.gcode"; }
-tries=50
-until saved; do
-  tries=$((tries - 1))
-  [ "$tries" -gt 0 ] || fail "Save As did not start on the document"
-  sleep 0.1
-done
+wait_for 50 saved || fail "Save As did not start on the document"
