@@ -19,12 +19,10 @@ std::vector<int32_t> marked_rows() {
   return rows;
 }
 
-// Moves vertex r of the current layer and re-derives its own move from the
-// state before it.
-void move_vertex(int32_t r, double dx, double dy, double de) {
+// Moves vertex r of the current layer and re-derives its own move from p,
+// the state before it (found in p_layer).
+void move_vertex(const coor_data& p, int32_t p_layer, int32_t r, double dx, double dy, double de) {
   const int32_t cur = doc.current_layer;
-  int32_t p_layer = cur;
-  const coor_data p = get_state_before(p_layer, r - 1);
   check_d_delta(p, p_layer, cur, r);
   coor_data& m = doc.coor(cur, r);
   m.x += dx;
@@ -36,12 +34,11 @@ void move_vertex(int32_t r, double dx, double dy, double de) {
   set_move_length(m, l2);
 }
 
-// Re-derives move n of the current layer, whose start moved; the change of
-// its E, which the moves after it owe.
-double rederive_next(int32_t n) {
+// Re-derives move n of the current layer from p, the state before it
+// (found in p_layer), which moved; the change of its E, which the moves
+// after it owe.
+double rederive_next(const coor_data& p, int32_t p_layer, int32_t n) {
   const int32_t cur = doc.current_layer;
-  int32_t p_layer = cur;
-  const coor_data p = get_state_before(p_layer, n - 1);
   coor_data& next = doc.coor(cur, n);
   const double l2 = dist3_sq(p.x, p.y, layer_z(p_layer), next.x, next.y, layer_z(cur));
   keep_extrusion_rate(next, l2);
@@ -72,11 +69,15 @@ bool move_marked(double dx, double dy, double de) {
     if (restarts_e(entry)) owed = 0;
     if (!is_move(entry.kind)) continue;
     doc.coor(entry).e += owed;
-    if (start_moved) owed += rederive_next(r);
-    start_moved = next_marked < marked.size() && marked[next_marked] == r;
-    if (!start_moved) continue;
-    ++next_marked;
-    move_vertex(r, dx, dy, de);
+    const bool marked_here = next_marked < marked.size() && marked[next_marked] == r;
+    if (start_moved || marked_here) {
+      int32_t p_layer = cur;
+      const coor_data p = get_state_before(p_layer, r - 1);  // the same for both steps
+      if (start_moved) owed += rederive_next(p, p_layer, r);
+      if (marked_here) move_vertex(p, p_layer, r, dx, dy, de);
+    }
+    start_moved = marked_here;
+    next_marked += marked_here;
   }
   // The rest of the print owes what reached the end of the layer; a moved
   // last vertex re-derives the first move after the layer.
