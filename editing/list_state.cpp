@@ -69,8 +69,10 @@ std::string LayerLineText(int32_t layer) {
   std::string text = "L";
   text += std::to_string(layer);
   text += "> Z";
-  text += plain_number(doc.layer(layer).z);
-  return text;
+  std::string z = plain_number(doc.layer(layer).z);
+  // The separator of the user's locale, as the data list writes it.
+  if (doc.decimal_comma) std::replace(z.begin(), z.end(), '.', ',');
+  return text + z;
 }
 
 std::string DataLineText(int32_t row) {
