@@ -15,6 +15,13 @@ ListState lists;
 
 namespace {
 
+// The lists forget the document they showed whenever it is emptied.
+const bool listening = (SetResetListener([] { lists = ListState{}; }), true);
+
+}  // namespace
+
+namespace {
+
 size_t at(int32_t i) { return static_cast<size_t>(i); }
 
 // Z as the layer list shows it: 15 significant digits, written without an
