@@ -15,6 +15,13 @@ ListState lists;
 
 namespace {
 
+// The lists forget the document they showed whenever it is emptied.
+const bool listening = (SetResetListener([] { lists = ListState{}; }), true);
+
+}  // namespace
+
+namespace {
+
 size_t at(int32_t i) { return static_cast<size_t>(i); }
 
 // Z as the layer list shows it: 15 significant digits, written without an
@@ -69,8 +76,10 @@ std::string LayerLineText(int32_t layer) {
   std::string text = "L";
   text += std::to_string(layer);
   text += "> Z";
-  text += plain_number(doc.layer(layer).z);
-  return text;
+  std::string z = plain_number(doc.layer(layer).z);
+  // The separator of the user's locale, as the data list writes it.
+  if (doc.decimal_comma) std::replace(z.begin(), z.end(), '.', ',');
+  return text + z;
 }
 
 std::string DataLineText(int32_t row) {

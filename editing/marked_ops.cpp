@@ -19,13 +19,10 @@ std::vector<int32_t> marked_rows() {
   return rows;
 }
 
-// Moves vertex r of the current layer and re-derives its own move from the
-// state before it.
-void move_vertex(int32_t r, double dx, double dy, double de) {
+// Moves vertex r of the current layer and re-derives its own move from p,
+// the state before it, at height p_z.
+void move_vertex(const coor_data& p, double p_z, int32_t r, double dx, double dy, double de) {
   const int32_t cur = doc.current_layer;
-  int32_t p_layer = cur;
-  const coor_data p = get_state_before(p_layer, r - 1);
-  const double p_z = height_before(cur, r - 1);
   check_d_delta(p, p_z, cur, r);
   doc.mark_given(doc.layer(cur).g[static_cast<size_t>(r)].index,
                  given_x | given_y | (std::fabs(de) > negligible ? given_e : 0));
@@ -39,14 +36,13 @@ void move_vertex(int32_t r, double dx, double dy, double de) {
   set_move_length(m, l2);
 }
 
-// Re-derives move n of the current layer, whose start moved; the change of
-// its E, which the moves after it owe.
-double rederive_next(int32_t n) {
+// Re-derives move n of the current layer from p, the state before it at
+// height p_z, which moved; the change of its E, which the moves after it
+// owe.
+double rederive_next(const coor_data& p, double p_z, int32_t n) {
   const int32_t cur = doc.current_layer;
-  int32_t p_layer = cur;
-  const coor_data p = get_state_before(p_layer, n - 1);
   coor_data& next = doc.coor(cur, n);
-  const double l2 = refit_length_sq(p, height_before(cur, n - 1), cur, n);
+  const double l2 = refit_length_sq(p, p_z, cur, n);
   keep_extrusion_rate(next, l2);
   const double delta = (p.e + next.e_delta) - next.e;
   next.e += delta;
@@ -92,13 +88,18 @@ bool move_marked(double dx, double dy, double de) {
       c.x += dx;
       c.y += dy;
     }
-    if (start_moved) owed += rederive_next(r);
-    if (follower) continue;
-    start_moved = marked_here;
-    if (!start_moved) continue;
-    ++next_marked;
-    moved_from = {c.x, c.y};
-    move_vertex(r, dx, dy, de);
+    if (start_moved || marked_here) {
+      int32_t p_layer = cur;
+      const coor_data p = get_state_before(p_layer, r - 1);  // the same for both steps
+      const double p_z = height_before(cur, r - 1);
+      if (start_moved) owed += rederive_next(p, p_z, r);
+      if (marked_here) {
+        moved_from = {c.x, c.y};
+        move_vertex(p, p_z, r, dx, dy, de);
+      }
+    }
+    if (!follower) start_moved = marked_here;
+    next_marked += marked_here;
   }
   // The rest of the print owes what reached the end of the layer; a moved
   // last vertex re-derives the first move after the layer.

@@ -1,45 +1,15 @@
 #!/bin/sh
 # The editor used as a person uses it, under a real X server of its own:
-# open a sliced print, which shows its first printed layer fitted, drag
-# one vertex with the pointer, delete another with Del, save with Ctrl+S. Then the saved file must hold exactly those two edits, keep
-# the extrusion per millimetre of every move, and pass the consistency
-# check.
+# open a sliced print, which shows its first printed layer fitted, shake
+# the pointer on a click (which moves nothing), drag one vertex with the
+# pointer, delete another with Del, save with Ctrl+S. Then the saved file
+# must hold exactly those two edits, keep the extrusion per millimetre of
+# every move, and pass the consistency check.
 # usage: edit_by_hand.sh KORVEXED KORVEXED_CLI SCREEN_VERTICES CHECK_DOCUMENT FIXTURE
-set -eu
-# Everything here talks to the X server below, whatever the caller's platform.
-unset QT_QPA_PLATFORM
-
-if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
-  KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
-fi
+. "$(dirname "$0")/e2e_lib.sh"
 editor=$1 cli=$2 screen_vertices=$3 check_document=$4 fixture=$5
 layer=1          # the first printed layer, current after the load
 drag_x=40 drag_y=30
-
-work=$(mktemp -d)
-# The recent files of this run stay in it.
-export XDG_CONFIG_HOME="$work/config"
-editor_pid=
-finish() {
-  [ -n "$editor_pid" ] && kill "$editor_pid" 2>/dev/null
-  rm -rf "$work"
-}
-trap finish EXIT
-fail() {
-  echo "edit_by_hand: $*" >&2
-  exit 1
-}
-# Runs the command until it succeeds, at most $1 times, a tenth of a second
-# apart.
-wait_for() {
-  tries=$1
-  shift
-  until "$@"; do
-    tries=$((tries - 1))
-    [ "$tries" -gt 0 ] || return 1
-    sleep 0.1
-  done
-}
 
 cp "$fixture" "$work/print.gcode"
 "$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
@@ -66,8 +36,11 @@ settled() {
 wait_for 100 settled || fail "no two lone vertices on the screen"
 read -r ax ay bx by <"$work/pick"
 
-# A click marks A; a press on the marked vertex drags it.
+# A click marks A; a hand's shake of 2 pixels on it is still a click and
+# moves nothing; a press on the marked vertex drags it.
 xdotool mousemove "$ax" "$ay" click 1
+xdotool mousemove "$ax" "$ay" mousedown 1
+xdotool mousemove "$((ax + 2))" "$((ay + 1))" mouseup 1
 xdotool mousemove "$ax" "$ay" mousedown 1
 xdotool mousemove "$((ax + drag_x))" "$((ay + drag_y))" mouseup 1
 # A click marks B alone; Del deletes it; Ctrl+S saves over the file.
