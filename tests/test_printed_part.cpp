@@ -56,13 +56,14 @@ TEST_F(PrintedPart, LeavesOutThePrimeLineAndTheSkirtAndStartsWhereThePartDoes) {
 
 TEST_F(PrintedPart, TwoLayersOfExtrusionCountWholeAndArcsCountToWhereTheyTurn) {
   // A half circle clockwise from (10,0) over (0,-10) to (-10,0), and a
-  // line far off on the next layer.
-  load("G1 Z0.2 F1200\nG0 X10 Y0\nG2 X-10 Y0 I-10 J0 E1\nG1 Z0.4\nG1 X-10 Y30 E2\n");
+  // short line down from its end on the next layer: the circle's top is
+  // no part of it.
+  load("G1 Z0.2 F1200\nG0 X10 Y0\nG2 X-10 Y0 I-10 J0 E1\nG1 Z0.4\nG1 X-10 Y-5 E2\n");
   PlaneExtent part = PartExtent();
   EXPECT_EQ(part.min_x, -10);
   EXPECT_EQ(part.max_x, 10);
   EXPECT_EQ(part.min_y, -10);
-  EXPECT_EQ(part.max_y, 30);
+  EXPECT_EQ(part.max_y, 0);
   EXPECT_EQ(FirstPrintedLayer(part), 1);
 
   // Nothing inside a part's extent: the first layer that extrudes.
