@@ -5,6 +5,7 @@
 #include "app/fm_main.h"
 #include "document/document.h"
 #include "document/korvexed_file.h"
+#include "editing/history.h"
 #include "editing/list_state.h"
 #include "view/korvexed_graphic.h"
 
@@ -54,6 +55,7 @@ void FmMain::LoadCommand(const std::string& path) {
     EmptyLists();
     ShowStatus("Load failed " + path, 1);
   }
+  history.clear();
   RedrawView();
 }
 
@@ -71,7 +73,7 @@ void FmMain::SaveFileFunc(uint8_t code) {
     doc.file_name = name;
     SetCaption();
     ShowStatus("Save successful " + doc.file_name, 1);
-    doc.modified = false;
+    history.saved();
   }
 }
 
@@ -85,7 +87,7 @@ bool FmMain::AskSaveChanges() {
   if (answer == MsgAnswer::cancel) return false;
   const BusyPointer busy;
   if (!SaveGCode(doc.file_name, save_plain)) return false;
-  doc.modified = false;
+  history.saved();
   return true;
 }
 

@@ -16,6 +16,7 @@
 #include "document/document.h"
 #include "document/korvexed_file.h"
 #include "editing/commands.h"
+#include "editing/history.h"
 #include "editing/list_state.h"
 
 namespace korvexed::cli {
@@ -28,6 +29,7 @@ bool OpenDocument(const std::string& path) {
   doc.file_name = path;
   FillLayerList();
   doc.modified = false;
+  history.clear();
   return true;
 }
 

@@ -4,6 +4,9 @@
 // click opens the edit or the insert menu. Coordinates are the drawing
 // area's, y downwards; the bitmap's y is its height minus the mouse y.
 #include <cstdint>
+#include <vector>
+
+#include "document/arc_geometry.h"
 
 namespace korvexed {
 
@@ -25,6 +28,8 @@ struct MouseGesture {
   int32_t press_hit = -1;
   // Cleared before the insert menu opens, set when an insertion used it.
   bool popup_used = false;
+  // The steps of the drag under way, in millimetres, for its Redo.
+  std::vector<PlanePoint> drag_moves;
 };
 
 extern MouseGesture gesture;

@@ -1,0 +1,154 @@
+#pragma once
+// What one step of the history needs to take an edit back: the old values
+// of everything the edit changed, saved by the edit itself just before each
+// change (only the first change of a value in a step is saved). Redo does
+// not need them: it runs the edit again on the same document, which gives
+// the same result to the last bit.
+#include <cstdint>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "document/document.h"
+
+namespace korvexed {
+
+// Consecutive record indices with one or more values each, packed: the
+// moves after an edit are mostly consecutive records.
+struct IndexRuns {
+  struct Run {
+    int32_t first, count;
+  };
+  std::vector<Run> runs;
+  void add(int32_t index);
+  size_t bytes() const { return runs.capacity() * sizeof(Run); }
+};
+
+class StepRecord {
+ public:
+  // Starts a step on the document as it is now.
+  StepRecord();
+
+  // The edits call these before they change the document.
+  void save_record(int32_t index) {
+    if (index < record_count_ && !(state(index) & saved_all)) save_whole(index);
+  }
+  void save_e(int32_t index) {
+    if (index < record_count_ && !(state(index) & (saved_all | saved_e))) save_e_value(index);
+  }
+  void save_xy(int32_t index);
+  void save_entries(int32_t layer);
+  void save_arc(int32_t index);
+  void save_height(int32_t index);
+  void save_text(int32_t index);
+  void save_layer_z(int32_t layer);
+  // Layer `layer` was taken out: its slot went behind the last layer.
+  void layer_removed(int32_t layer);
+
+  // The edit is over: packs what was saved. False when it changed nothing.
+  bool finish();
+  // Puts the document back as it was when the step started.
+  void undo();
+  size_t bytes() const;
+
+ private:
+  enum : uint8_t { saved_all = 1, saved_e = 2, saved_xy = 4 };
+  uint8_t& state(int32_t index);
+  void save_whole(int32_t index);
+  void save_e_value(int32_t index);
+  void restore_layers();
+
+  // A whole record; `kept` names the fields whose older values a partial
+  // save holds.
+  struct WholeRecord {
+    int32_t index;
+    uint8_t kept;
+    coor_data old;
+  };
+  // E of the records of `runs` went up by `delta`, exactly: e - delta gives
+  // the old value back to the last bit. E values that differ in binary
+  // exponent get different deltas; the few that no delta gives back exactly
+  // are kept as they were.
+  struct EShift {
+    int32_t first, count;
+    double delta;
+  };
+  struct EValue {
+    int32_t index;
+    double e;
+  };
+  struct LayerEntries {
+    int32_t layer, g_count, coor_count;
+    std::vector<g_entry> entries;
+  };
+  struct TextLine {
+    int32_t index;
+    std::string text;
+  };
+  // The layer list's changes in the order they were made.
+  struct LayerChange {
+    int32_t layer;
+    bool removed;  // else its z and dz were changed from these
+    double z, dz;
+  };
+  template <class Row>
+  struct TableRows {
+    size_t count = 0;  // rows of the table before the step; later ones are new
+    std::vector<Row> old;
+    std::unordered_set<int32_t> saved;
+  };
+
+  int32_t record_count_;  // records made by the step come after these
+  std::vector<WholeRecord> records_;
+  IndexRuns xy_runs_;
+  std::vector<double> xy_values_;
+  IndexRuns e_runs_;  // while the edit runs, with the old e of each in e_values_
+  std::vector<double> e_values_;
+  std::vector<EShift> e_shifts_;
+  std::vector<EValue> e_kept_;
+  std::vector<LayerEntries> entries_;
+  std::unordered_set<int32_t> entries_saved_;
+  std::vector<LayerChange> layer_changes_;
+  std::vector<TextLine> texts_;
+  TableRows<arc_data> arcs_;
+  TableRows<height_data> heights_;
+};
+
+// The step being recorded, or null when the edits run outside the history.
+extern StepRecord* recorded_step;
+
+// The record states of every step, indexed by record: which of its values
+// the step being recorded has saved. Kept between steps, and cleared by
+// each step for the records it saved.
+std::vector<uint8_t>& record_states();
+
+// The hooks the edits call before they change the document.
+inline void save_record_for_undo(int32_t index) {
+  if (recorded_step) recorded_step->save_record(index);
+}
+inline void save_e_for_undo(int32_t index) {
+  if (recorded_step) recorded_step->save_e(index);
+}
+inline void save_xy_for_undo(int32_t index) {
+  if (recorded_step) recorded_step->save_xy(index);
+}
+inline void save_entries_for_undo(int32_t layer) {
+  if (recorded_step) recorded_step->save_entries(layer);
+}
+inline void save_arc_for_undo(int32_t index) {
+  if (recorded_step) recorded_step->save_arc(index);
+}
+inline void save_height_for_undo(int32_t index) {
+  if (recorded_step) recorded_step->save_height(index);
+}
+inline void save_text_for_undo(int32_t index) {
+  if (recorded_step) recorded_step->save_text(index);
+}
+inline void save_layer_z_for_undo(int32_t layer) {
+  if (recorded_step) recorded_step->save_layer_z(layer);
+}
+inline void layer_removed_for_undo(int32_t layer) {
+  if (recorded_step) recorded_step->layer_removed(layer);
+}
+
+}  // namespace korvexed
