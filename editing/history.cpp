@@ -1,6 +1,9 @@
 #include "editing/history.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "platform/platform.h"
 
 namespace korvexed {
 
@@ -12,6 +15,11 @@ size_t DocumentBytes() {
                  doc.z_list.size() * sizeof(height_data);
   for (int32_t l = 0; l < doc.layer_count; ++l) bytes += static_cast<size_t>(doc.layer(l).g_count) * sizeof(g_entry);
   return bytes;
+}
+
+bool HistoryTooBig(size_t steps, size_t bytes, size_t document_bytes) {
+  constexpr size_t small_file_allowance = size_t{64} << 20;
+  return steps > History::max_steps || bytes > std::max(document_bytes, small_file_allowance);
 }
 
 bool History::run(std::string name, Edit edit) {
@@ -42,12 +50,18 @@ void History::end(Edit redo, bool changed) {
 void History::push(Step step) {
   state_ = step.after;
   done_.push_back(std::move(step));
-  while (done_.size() > max_steps || (done_.size() > 1 && bytes() > DocumentBytes())) done_.pop_front();
-  set_modified();
+  // The newest step always stays.
+  while (done_.size() > 1 && HistoryTooBig(done_.size(), bytes(), DocumentBytes())) done_.pop_front();
+  changed();
+}
+
+void History::changed() {
+  doc.modified = state_ != clean_;
+  platform().show_history(can_undo() ? undo_name() : "", can_redo() ? redo_name() : "");
 }
 
 void History::undo() {
-  if (done_.empty()) return;
+  if (done_.empty() || recording()) return;
   Step step = std::move(done_.back());
   done_.pop_back();
   step.record->undo();
@@ -55,11 +69,11 @@ void History::undo() {
   RestoreListView(step.view);
   state_ = step.before;
   undone_.push_back(std::move(step));
-  set_modified();
+  changed();
 }
 
 void History::redo() {
-  if (undone_.empty()) return;
+  if (undone_.empty() || recording()) return;
   Step step = std::move(undone_.back());
   undone_.pop_back();
   // The edit runs again on what it saw the first time.
@@ -79,6 +93,7 @@ void History::clear() {
   // A document left unsaved by a failed load stays so.
   state_ = ++last_state_;
   clean_ = doc.modified ? 0 : state_;
+  changed();
 }
 
 void History::saved() {

@@ -19,7 +19,8 @@ namespace korvexed {
 class History {
  public:
   // Older steps than these are dropped, and so are the oldest whenever the
-  // history would take more memory than the document itself.
+  // history would take more memory than the document itself (see
+  // HistoryTooBig).
   static constexpr size_t max_steps = 100;
 
   // An edit; true when it changed the document.
@@ -39,7 +40,8 @@ class History {
   // The names of the steps Undo and Redo would take.
   const std::string& undo_name() const { return done_.back().name; }
   const std::string& redo_name() const { return undone_.back().name; }
-  // Each does nothing when there is no step to take.
+  // Each does nothing when there is no step to take, or while a step is
+  // being recorded (during a drag).
   void undo();
   void redo();
 
@@ -60,7 +62,8 @@ class History {
     uint64_t before = 0, after = 0;  // the document states around it
   };
   void push(Step step);
-  void set_modified() { doc.modified = state_ != clean_; }
+  // `modified`, and the Undo and Redo items, follow the history.
+  void changed();
 
   std::deque<Step> done_;
   std::vector<Step> undone_;
@@ -73,5 +76,9 @@ extern History history;
 
 // The memory of the document: its records, entries, texts and side tables.
 size_t DocumentBytes();
+// Whether a history of `steps` steps taking `bytes` is too big for a
+// document of `document_bytes`. A small file may still keep its hundred
+// steps: the views they bring back alone can outweigh it.
+bool HistoryTooBig(size_t steps, size_t bytes, size_t document_bytes);
 
 }  // namespace korvexed
