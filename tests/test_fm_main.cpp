@@ -63,6 +63,8 @@ constexpr ItemState start_state[] = {
     {"poFile_2", "Save &As...", "", true, false, false},
     {"poFile_3", "Export", "", true, false, false},
     {"poFile_5", "&Quit", "Ctrl+Q", true, true, false},
+    {"poEdit_0", "&Undo", "Ctrl+Z", true, false, false},
+    {"poEdit_1", "&Redo", "Ctrl+Y", true, false, false},
     {"poView_0", "&Zoom +", "F2", true, false, false},
     {"poView_1", "Z&oom -", "F3", true, false, false},
     {"poView_2", "Zoom &Fit", "F4", true, false, false},
