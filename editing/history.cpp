@@ -23,25 +23,25 @@ bool HistoryTooBig(size_t steps, size_t bytes, size_t document_bytes) {
 }
 
 bool History::run(std::string name, Edit edit) {
-  begin(std::move(name));
+  end();
+  begin(std::move(name), edit);
   const bool changed = edit();
-  end(std::move(edit), changed);
+  end(changed);
   return changed;
 }
 
-void History::begin(std::string name) {
-  pending_ = std::make_unique<Step>(Step{std::move(name), {}, CaptureListView(), std::make_unique<StepRecord>(), state_, 0});
+void History::begin(std::string name, Edit redo) {
+  pending_ = std::make_unique<Step>(
+      Step{std::move(name), std::move(redo), CaptureListView(), std::make_unique<StepRecord>(), state_, 0});
   recorded_step = pending_->record.get();
 }
 
-void History::end(Edit redo, bool changed) {
+void History::end(bool changed) {
   if (!pending_) return;
   recorded_step = nullptr;
   Step step = std::move(*pending_);
   pending_.reset();
-  // A step that changed nothing is no step.
   if (!step.record->finish() || !changed) return;
-  step.edit = std::move(redo);
   step.after = ++last_state_;
   undone_.clear();
   push(std::move(step));
@@ -87,7 +87,7 @@ void History::redo() {
 }
 
 void History::clear() {
-  if (pending_) end({}, false);
+  end(false);
   done_.clear();
   undone_.clear();
   // A document left unsaved by a failed load stays so.

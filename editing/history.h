@@ -27,13 +27,14 @@ class History {
   using Edit = std::function<bool()>;
 
   // Runs `edit` as the step `name` ("Move", "Delete Selected Data"); its
-  // result.
+  // result. A step under way (a drag) ends first.
   bool run(std::string name, Edit edit);
-  // A step made of several edits in turn (the moves of a drag): begin, the
-  // edits, then end with the one edit that does them all again.
-  void begin(std::string name);
+  // A step made of several edits in turn (the moves of a drag): begin with
+  // the edit that does them all again (it may gather them as they come),
+  // the edits, then end. A step that changed nothing is no step.
+  void begin(std::string name, Edit redo);
   bool recording() const { return pending_ != nullptr; }
-  void end(Edit redo, bool changed);
+  void end(bool changed = true);
 
   bool can_undo() const { return !done_.empty(); }
   bool can_redo() const { return !undone_.empty(); }

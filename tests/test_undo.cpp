@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -88,19 +89,16 @@ class UndoTest : public EditingTest {
 
   // A drag as the window makes it: one step of several moves.
   void drag() {
-    history.begin("Move");
-    std::vector<PlanePoint> parts;
+    auto parts = std::make_shared<std::vector<PlanePoint>>();
+    history.begin("Move", [parts] {
+      for (const PlanePoint& part : *parts) move_marked(part.x, part.y, 0);
+      return true;
+    });
     for (int i = 1 + any(4); i > 0; --i) {
       const PlanePoint part{offset(), offset()};
-      if (move_marked(part.x, part.y, 0)) parts.push_back(part);
+      if (move_marked(part.x, part.y, 0)) parts->push_back(part);
     }
-    const bool moved = !parts.empty();
-    history.end(
-        [parts] {
-          for (const PlanePoint& part : parts) move_marked(part.x, part.y, 0);
-          return true;
-        },
-        moved);
+    history.end();
   }
 
   void edit() {
@@ -208,6 +206,15 @@ TEST_F(UndoTest, StepsAreNamedAndNothingHappensWithoutOne) {
   // An edit that changes nothing is no step.
   ChangeFeedrateCommand(0, at(2, 2).f);
   EXPECT_EQ(history.size(), 1u);
+  // A command in the middle of a drag ends the drag's step first.
+  history.begin("Move", [] { return move_marked(1, 0, 0); });
+  move_marked(1, 0, 0);
+  ChangeFeedrateCommand(0, 999);
+  EXPECT_FALSE(history.recording());
+  ASSERT_EQ(history.size(), 3u);
+  EXPECT_EQ(history.undo_name(), "Change Feedrate");
+  for (int i = 0; i < 3; ++i) history.undo();
+  EXPECT_EQ(dump(), loaded);
 }
 
 TEST_F(UndoTest, ModifiedIsClearOnlyWhereTheLastLoadOrSaveLeftTheDocument) {

@@ -57,28 +57,22 @@ void rubber_band(int32_t x, int32_t y) {
 // whole way from the press.
 void drag_marked(int32_t x, int32_t y) {
   if (CountSelected(lists.select_line) == 0) return;
-  if (!history.recording()) history.begin("Move");
+  if (!history.recording()) {
+    // The whole drag is one step; Redo makes its moves again.
+    gesture.drag_moves = std::make_shared<std::vector<PlanePoint>>();
+    history.begin("Move", [moves = gesture.drag_moves] {
+      for (const PlanePoint& step : *moves) move_marked(step.x, step.y, 0);
+      RefreshListsAfterEdit();
+      return true;
+    });
+  }
   const PlanePoint step{(x - gesture.last_x) / view.view_scale, (gesture.last_y - y) / view.view_scale};
-  if (move_marked(step.x, step.y, 0)) gesture.drag_moves.push_back(step);
+  if (move_marked(step.x, step.y, 0)) gesture.drag_moves->push_back(step);
   RefreshListsAfterEdit();
   show_status("Movement dX (" + number((x - gesture.press_x) / view.view_scale) + "), dY (" +
               number((gesture.press_y - y) / view.view_scale) + ")");
   doc.modified = true;
   RedrawView();
-}
-
-// A whole drag, from press to release, is one step.
-void end_drag() {
-  if (!history.recording()) return;
-  const bool moved = !gesture.drag_moves.empty();
-  history.end(
-      [moves = std::move(gesture.drag_moves)] {
-        for (const PlanePoint& step : moves) move_marked(step.x, step.y, 0);
-        RefreshListsAfterEdit();
-        return true;
-      },
-      moved);
-  gesture.drag_moves.clear();
 }
 
 void pan(int32_t x, int32_t y) { ZoomView(1, x - gesture.last_x, gesture.last_y - y, true); }
@@ -220,7 +214,7 @@ void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y) {
 void picDraw_MouseUp(int32_t button, int32_t x, int32_t y) {
   if (!IsDocumentLoaded() || gesture.press_button == 0) return;
   const BusyPointer busy;
-  end_drag();
+  history.end();  // a drag's step
   if (button == left_button && !gesture.press_moved) {
     click(x, y);
   } else if (button == left_button) {

@@ -4,6 +4,7 @@
 // click opens the edit or the insert menu. Coordinates are the drawing
 // area's, y downwards; the bitmap's y is its height minus the mouse y.
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "document/arc_geometry.h"
@@ -29,7 +30,7 @@ struct MouseGesture {
   // Cleared before the insert menu opens, set when an insertion used it.
   bool popup_used = false;
   // The steps of the drag under way, in millimetres, for its Redo.
-  std::vector<PlanePoint> drag_moves;
+  std::shared_ptr<std::vector<PlanePoint>> drag_moves;
 };
 
 extern MouseGesture gesture;
