@@ -26,13 +26,6 @@ bool Open(const BenchFile& file) {
   return true;
 }
 
-int32_t LargestLayer() {
-  int32_t largest = 0;
-  for (int32_t i = 1; i < doc.layer_count; ++i)
-    if (doc.layer(i).g_count > doc.layer(largest).g_count) largest = i;
-  return largest;
-}
-
 // Makes `layer` current with its first `count` moves marked.
 void Mark(int32_t layer, int32_t count) {
   ShowSingleLayer(layer);

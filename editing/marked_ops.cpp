@@ -29,7 +29,7 @@ void move_vertex(int32_t r, double dx, double dy, double de) {
   const double p_z = height_before(cur, r - 1);
   check_d_delta(p, p_z, cur, r);
   const int32_t index = doc.layer(cur).g[static_cast<size_t>(r)].index;
-  save_record_for_undo(index);
+  save_for_undo(&StepRecord::save_record, index);
   doc.mark_given(index,
                  given_x | given_y | (std::fabs(de) > negligible ? given_e : 0));
   coor_data& m = doc.coor(cur, r);
@@ -48,7 +48,7 @@ double rederive_next(int32_t n) {
   const int32_t cur = doc.current_layer;
   int32_t p_layer = cur;
   const coor_data p = get_state_before(p_layer, n - 1);
-  save_record_for_undo(doc.layer(cur).g[static_cast<size_t>(n)].index);
+  save_for_undo(&StepRecord::save_record, doc.layer(cur).g[static_cast<size_t>(n)].index);
   coor_data& next = doc.coor(cur, n);
   const double l2 = refit_length_sq(p, height_before(cur, n - 1), cur, n);
   keep_extrusion_rate(next, l2);
@@ -78,7 +78,7 @@ bool move_marked(double dx, double dy, double de) {
     const g_entry& entry = ly.g[static_cast<size_t>(r)];
     if (restarts_e(entry)) owed = 0;
     if (!is_move(entry.kind)) continue;
-    save_e_for_undo(entry.index);
+    save_for_undo(&StepRecord::save_e, entry.index);
     doc.coor(entry).e += owed;
     if (start_moved) owed += rederive_next(r);
     start_moved = next_marked < marked.size() && marked[next_marked] == r;
@@ -107,7 +107,7 @@ int32_t change_feedrate(double old_f, double new_f) {
     coor_data& c = doc.coor_list[index];
     // An old feedrate of 0 or below stands for every one.
     if ((old_f <= 0 || c.f == old_f) && c.f != new_f) {
-      save_record_for_undo(index);
+      save_for_undo(&StepRecord::save_record, index);
       c.f = new_f;
       doc.mark_given(index, given_f);
       ++changed;
@@ -123,7 +123,7 @@ int32_t set_marked_kind(line_kind kind) {
     g_entry& entry = ly.g[static_cast<size_t>(r)];
     // Arcs stay arcs.
     if (lists.select_flag[static_cast<size_t>(r)] && entry.kind != kind && !is_arc(entry.kind)) {
-      save_entries_for_undo(doc.current_layer);
+      save_for_undo(&StepRecord::save_entries, doc.current_layer);
       entry.kind = kind;
       ++changed;
     }

@@ -122,33 +122,11 @@ extern StepRecord* recorded_step;
 // each step for the records it saved.
 std::vector<uint8_t>& record_states();
 
-// The hooks the edits call before they change the document.
-inline void save_record_for_undo(int32_t index) {
-  if (recorded_step) recorded_step->save_record(index);
-}
-inline void save_e_for_undo(int32_t index) {
-  if (recorded_step) recorded_step->save_e(index);
-}
-inline void save_xy_for_undo(int32_t index) {
-  if (recorded_step) recorded_step->save_xy(index);
-}
-inline void save_entries_for_undo(int32_t layer) {
-  if (recorded_step) recorded_step->save_entries(layer);
-}
-inline void save_arc_for_undo(int32_t index) {
-  if (recorded_step) recorded_step->save_arc(index);
-}
-inline void save_height_for_undo(int32_t index) {
-  if (recorded_step) recorded_step->save_height(index);
-}
-inline void save_text_for_undo(int32_t index) {
-  if (recorded_step) recorded_step->save_text(index);
-}
-inline void save_layer_z_for_undo(int32_t layer) {
-  if (recorded_step) recorded_step->save_layer_z(layer);
-}
-inline void layer_removed_for_undo(int32_t layer) {
-  if (recorded_step) recorded_step->layer_removed(layer);
+// The edits call this before they change the document, naming what the
+// step being recorded (if any) must save: save_for_undo(&StepRecord::save_e, index).
+template <class... Params, class... Args>
+void save_for_undo(void (StepRecord::*save)(Params...), Args... args) {
+  if (recorded_step) (recorded_step->*save)(args...);
 }
 
 }  // namespace korvexed
