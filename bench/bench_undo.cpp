@@ -69,11 +69,12 @@ void DragAllOfLargestLayer() {
   DragStep();
 }
 
-// The first move of a drag saves what it changes; later moves of the same
-// drag only find it saved.
-void FirstDragStepAllMarked(benchmark::State& state, const BenchFile& file) {
+// The first move of a drag saves what it changes (later moves of the same
+// drag only find it saved), with `marked` vertices of the largest layer
+// marked (-1: all of them).
+void FirstDragStep(benchmark::State& state, const BenchFile& file, int32_t marked) {
   if (!Open(file)) return state.SkipWithError("loading failed");
-  Mark(LargestLayer(), INT32_MAX);
+  Mark(LargestLayer(), marked < 0 ? INT32_MAX : marked);
   for (auto _ : state) {
     DragStep();
     state.PauseTiming();
@@ -109,9 +110,10 @@ void RegisterUndoBenchmarks(const BenchFile& file) {
           ->Iterations(5);
     }
   }
-  benchmark::RegisterBenchmark(("FirstDragStepAllMarked/" + file.name).c_str(), FirstDragStepAllMarked, file)
-      ->Unit(benchmark::kMillisecond)
-      ->Iterations(10);
+  for (const int32_t marked : {20, -1}) {
+    const std::string name = "FirstDragStep/" + std::string(marked < 0 ? "all" : "20") + "/" + file.name;
+    benchmark::RegisterBenchmark(name.c_str(), FirstDragStep, file, marked)->Unit(benchmark::kMillisecond)->Iterations(10);
+  }
   benchmark::RegisterBenchmark(("HistoryAfter100Drags/" + file.name).c_str(), HistoryAfter100Drags, file)
       ->Unit(benchmark::kMillisecond)
       ->Iterations(1);

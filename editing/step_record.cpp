@@ -6,12 +6,14 @@ namespace korvexed {
 
 StepRecord* recorded_step = nullptr;
 
+namespace {
+
+// Which values of each record the step being recorded has saved, indexed
+// by record. Kept between steps, each step clearing what it set.
 std::vector<uint8_t>& record_states() {
   static std::vector<uint8_t> states;
   return states;
 }
-
-namespace {
 
 // Calls f(index, k) for every index of `runs`, k counting from 0.
 template <class F>
@@ -47,15 +49,13 @@ void IndexRuns::add(int32_t index) {
   }
 }
 
-StepRecord::StepRecord()
-    : record_count_(doc.coor_list_count) {
+StepRecord::StepRecord() : record_count_(doc.coor_list_count) {
   arcs_.count = doc.arc_list.size();
   heights_.count = doc.z_list.size();
   std::vector<uint8_t>& states = record_states();
   if (states.size() < static_cast<size_t>(record_count_)) states.resize(static_cast<size_t>(record_count_));
+  states_ = states.data();
 }
-
-uint8_t& StepRecord::state(int32_t index) { return record_states()[static_cast<size_t>(index)]; }
 
 void StepRecord::save_whole(int32_t index) {
   uint8_t& s = state(index);

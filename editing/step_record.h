@@ -53,7 +53,8 @@ class StepRecord {
 
  private:
   enum : uint8_t { saved_all = 1, saved_e = 2, saved_xy = 4 };
-  uint8_t& state(int32_t index);
+  // Called for every record an edit walks over: kept inline.
+  uint8_t& state(int32_t index) { return states_[index]; }
   void save_whole(int32_t index);
   void save_e_value(int32_t index);
   void restore_layers();
@@ -99,6 +100,7 @@ class StepRecord {
   };
 
   int32_t record_count_;  // records made by the step come after these
+  uint8_t* states_;       // record_states(), which no step resizes
   std::vector<WholeRecord> records_;
   IndexRuns xy_runs_;
   std::vector<double> xy_values_;
@@ -116,11 +118,6 @@ class StepRecord {
 
 // The step being recorded, or null when the edits run outside the history.
 extern StepRecord* recorded_step;
-
-// The record states of every step, indexed by record: which of its values
-// the step being recorded has saved. Kept between steps, and cleared by
-// each step for the records it saved.
-std::vector<uint8_t>& record_states();
 
 // The edits call this before they change the document, naming what the
 // step being recorded (if any) must save: save_for_undo(&StepRecord::save_e, index).
