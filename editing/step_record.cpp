@@ -63,12 +63,6 @@ void StepRecord::save_whole(int32_t index) {
   s |= saved_all;
 }
 
-void StepRecord::save_e_value(int32_t index) {
-  e_runs_.add(index);
-  e_values_.push_back(doc.coor_list[index].e);
-  state(index) |= saved_e;
-}
-
 void StepRecord::save_xy(int32_t index) {
   if (index >= record_count_ || (state(index) & (saved_all | saved_xy))) return;
   xy_runs_.add(index);
@@ -105,22 +99,21 @@ void StepRecord::layer_removed(int32_t layer) { layer_changes_.push_back({layer,
 bool StepRecord::finish() {
   for (const WholeRecord& r : records_) state(r.index) = 0;
   for_each_index(xy_runs_, [&](int32_t index, size_t) { state(index) = 0; });
-  for_each_index(e_runs_, [&](int32_t index, size_t k) {
+  for (const auto [index, old] : e_old_) {
     state(index) = 0;
-    const double old = e_values_[k], now = doc.coor_list[index].e;
+    const double now = doc.coor_list[index].e;
     if (!e_shifts_.empty()) {
       EShift& last = e_shifts_.back();
       if (last.first + last.count == index && now - last.delta == old) {
         ++last.count;
-        return;
+        continue;
       }
     }
     const double delta = now - old;
     if (now - delta == old) e_shifts_.push_back({index, 1, delta});
     else e_kept_.push_back({index, old});
-  });
-  e_runs_ = {};
-  e_values_ = {};
+  }
+  e_old_ = {};
   records_.shrink_to_fit();
   xy_values_.shrink_to_fit();
   e_kept_.shrink_to_fit();

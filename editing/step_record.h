@@ -56,7 +56,6 @@ class StepRecord {
   // Called for every record an edit walks over: kept inline.
   uint8_t& state(int32_t index) { return states_[index]; }
   void save_whole(int32_t index);
-  void save_e_value(int32_t index);
   void restore_layers();
 
   // A whole record; `kept` names the fields whose older values a partial
@@ -78,6 +77,13 @@ class StepRecord {
     int32_t index;
     double e;
   };
+  // E is saved for each record an E shift walks over: often every record
+  // after the edit. Made inline, with room for all of them at the first.
+  void save_e_value(int32_t index) {
+    if (e_old_.empty()) e_old_.reserve(static_cast<size_t>(record_count_ - index));
+    e_old_.push_back({index, doc.coor_list[index].e});
+    state(index) |= saved_e;
+  }
   struct LayerEntries {
     int32_t layer, g_count, coor_count;
     std::vector<g_entry> entries;
@@ -104,8 +110,7 @@ class StepRecord {
   std::vector<WholeRecord> records_;
   IndexRuns xy_runs_;
   std::vector<double> xy_values_;
-  IndexRuns e_runs_;  // while the edit runs, with the old e of each in e_values_
-  std::vector<double> e_values_;
+  std::vector<EValue> e_old_;  // while the edit runs
   std::vector<EShift> e_shifts_;
   std::vector<EValue> e_kept_;
   std::vector<LayerEntries> entries_;

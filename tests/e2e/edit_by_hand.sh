@@ -6,54 +6,13 @@
 # the extrusion per millimetre of every move, and pass the consistency
 # check.
 # usage: edit_by_hand.sh KORVEXED KORVEXED_CLI SCREEN_VERTICES CHECK_DOCUMENT FIXTURE
-set -eu
-# Everything here talks to the X server below, whatever the caller's platform.
-unset QT_QPA_PLATFORM
-
 if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
   KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
 fi
 editor=$1 cli=$2 screen_vertices=$3 check_document=$4 fixture=$5
 layer=1          # the first printed layer
 drag_x=40 drag_y=30
-
-work=$(mktemp -d)
-editor_pid=
-finish() {
-  [ -n "$editor_pid" ] && kill "$editor_pid" 2>/dev/null
-  rm -rf "$work"
-}
-trap finish EXIT
-fail() {
-  echo "edit_by_hand: $*" >&2
-  exit 1
-}
-# Runs the command until it succeeds, at most $1 times, a tenth of a second
-# apart.
-wait_for() {
-  tries=$1
-  shift
-  until "$@"; do
-    tries=$((tries - 1))
-    [ "$tries" -gt 0 ] || return 1
-    sleep 0.1
-  done
-}
-
-cp "$fixture" "$work/print.gcode"
-"$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
-editor_pid=$!
-window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') || fail "no window"
-window=$(echo "$window" | head -n 1)
-timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
-
-# The keyboard reaches the layer and fits it.
-i=0
-while [ $i -lt $layer ]; do
-  xdotool key --clearmodifiers plus
-  i=$((i + 1))
-done
-xdotool key F4
+. "$(dirname "$0")/by_hand.sh"
 
 # Two lone vertex dots, as they show on the screen: A to drag, and B, away
 # from A's old and new place, to delete.
@@ -81,12 +40,7 @@ xdotool mousemove "$((ax + drag_x))" "$((ay + drag_y))" mouseup 1
 xdotool mousemove "$bx" "$by" click 1
 xdotool key Delete
 xdotool key ctrl+s
-saved() { ! cmp -s "$fixture" "$work/print.gcode"; }
-# The file is replaced in one step: once it differs, it is whole.
-wait_for 100 saved || fail "nothing saved"
-kill "$editor_pid"
-wait "$editor_pid" 2>/dev/null || true
-editor_pid=
+await_last_save "$fixture"
 
 "$cli" dump "$fixture" -o "$work/before.dump"
 "$cli" dump "$work/print.gcode" -o "$work/after.dump"
