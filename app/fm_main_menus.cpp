@@ -7,6 +7,7 @@
 #include "controls/cool_button.h"
 #include "document/document.h"
 #include "editing/history.h"
+#include "editing/list_state.h"
 #include "view/korvexed_graphic.h"
 #include "view/world_view.h"
 
@@ -131,6 +132,9 @@ void FmMain::BuildMenus() {
   for (int i = 0; i < 3; ++i) connect(poView_[i], &QAction::triggered, this, [this, i] { poView_Click(i); });
   for (int i = 0; i < 4; ++i) connect(poSetting_[i], &QAction::triggered, this, [this, i] { poSetting_Click(i); });
   for (int i = 0; i < 3; ++i) connect(poTools_[i], &QAction::triggered, this, [this, i] { poTools_Click(i); });
+  // Scale Extrusion Rate scales the marked vertices: with none, it is greyed.
+  poTools_[2]->setEnabled(false);
+  connect(mnTools, &QMenu::aboutToShow, this, [this] { poTools_[2]->setEnabled(CountSelected(lists.select_line) > 0); });
   for (int i = 0; i < 2; ++i) connect(poHelp_[i], &QAction::triggered, this, [this, i] { poHelp_Click(i); });
 
   platform_.set_save_action(poFile_[1]);
@@ -205,7 +209,7 @@ void FmMain::BuildPopupMenus() {
 
 void FmMain::HideUnfinishedCommands() {
   for (QAction* item : {poSelectEdit_[0], poSelectEdit_[1], poUnSelectEdit_[0], poUnSelectEdit_[2],
-                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2], poTools_[0], poTools_[2]})
+                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2], poTools_[0]})
     item->setVisible(false);
 }
 

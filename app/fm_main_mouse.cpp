@@ -37,8 +37,8 @@ void FmMain::poUnSelectEdit_Click(int) {}
 void FmMain::poPoint_Click(int index) { InsertPointsAtClick(index + 1); }
 
 void FmMain::poTools_Click(int index) {
-  // Ruler and Scale Extrusion Rate are inert.
-  if (index == 1 && TranslateDialog()) RedrawView();
+  // The Ruler is inert.
+  if ((index == 1 && TranslateDialog()) || (index == 2 && ScaleExtrusionDialog())) RedrawView();
 }
 
 }  // namespace korvexed

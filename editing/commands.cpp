@@ -41,6 +41,15 @@ bool ChangeFeedrateCommand(double old_f, double new_f) {
   });
 }
 
+bool ScaleExtrusionCommand(double percent) {
+  if (percent == 100) return false;
+  return history.run("Scale Extrusion Rate", [=] {
+    if (scale_marked_extrusion(percent / 100) == 0) return false;
+    edited();
+    return true;
+  });
+}
+
 bool TranslateCommand(double rotation, double ox, double oy) {
   if (std::fabs(rotation) <= negligible && std::fabs(ox) <= negligible && std::fabs(oy) <= negligible) {
     information("No translation is needed");
@@ -115,6 +124,12 @@ bool TranslateDialog() {
   std::array<ValueRow, 3> rows{{{"Rotation (deg CCW +ve):", 0}, {"Offset X:", 0}, {"Offset Y:", 0}}};
   ValueInput("Translate Data", rows);  // Cancel leaves the zeros, which then do nothing
   return TranslateCommand(rows[0].value, rows[1].value, rows[2].value);
+}
+
+bool ScaleExtrusionDialog() {
+  std::array<ValueRow, 3> rows{{{"Scale (%):", 100}, {}, {}}};
+  if (!ValueInput("Scale Extrusion Rate", rows)) return false;
+  return ScaleExtrusionCommand(std::clamp(rows[0].value, 0.0, 1000.0));
 }
 
 bool EditSelectedDataDialog() {

@@ -99,6 +99,39 @@ bool move_marked(double dx, double dy, double de) {
   return true;
 }
 
+int32_t scale_marked_extrusion(double factor) {
+  const std::vector<int32_t> marked = marked_rows();
+  const layer_data& ly = doc.layer(doc.current_layer);
+  // One walk to the end of the layer, as move_marked walks.
+  double owed = 0;
+  int32_t scaled = 0;
+  size_t next_marked = 0;
+  for (int32_t r = marked.empty() ? ly.g_count : marked.front(); r < ly.g_count; ++r) {
+    const g_entry& entry = ly.g[static_cast<size_t>(r)];
+    if (restarts_e(entry)) owed = 0;
+    if (!is_move(entry.kind)) continue;
+    const bool is_marked = next_marked < marked.size() && marked[next_marked] == r;
+    next_marked += is_marked;
+    coor_data& m = doc.coor(entry);
+    if (!is_marked || m.no_extrude) {
+      save_for_undo(&StepRecord::save_e, entry.index);
+      m.e += owed;
+      continue;
+    }
+    save_for_undo(&StepRecord::save_record, entry.index);
+    const double scaled_delta = m.e_delta * factor;
+    owed += scaled_delta - m.e_delta;
+    m.e_delta = scaled_delta;
+    m.e += owed;
+    // No extrusion left: it draws and writes as a travel, as the loader reads one.
+    m.no_extrude = scaled_delta <= 0;
+    doc.mark_given(entry.index, given_e);
+    ++scaled;
+  }
+  shift_e_after(doc.current_layer + 1, 0, owed);
+  return scaled;
+}
+
 int32_t change_feedrate(double old_f, double new_f) {
   int32_t changed = 0;
   for (const int32_t r : lists.row_to_g) {

@@ -73,7 +73,7 @@ constexpr ItemState start_state[] = {
     {"poSetting_2", "Show &Movement", "F7", true, true, true},
     {"poSetting_3", "Show &Arrow", "F8", true, true, true},
     {"poTools_0", "&Ruler", "", false, true, false},
-    {"poTools_2", "Scale &Extrusion Rate", "", false, true, false},
+    {"poTools_2", "Scale &Extrusion Rate", "", true, false, false},
     {"poHelp_0", "&Manual", "F1", true, true, false},
     {"poHelp_1", "&About", "F12", true, true, false},
     {"poSelectEdit_0", "&Copy Selected Data", "Ctrl+C", false, false, false},
@@ -285,6 +285,9 @@ TEST_F(WindowTest, HelpShowsTheManualInTwoBoxesAndTheVersionInAbout) {
   ASSERT_EQ(dialogs_.seen.size(), 2u);
   EXPECT_TRUE(dialogs_.seen[0].text.startsWith(QStringLiteral("For now, the Basic Parts are just:\n1) Open")));
   EXPECT_TRUE(dialogs_.seen[0].text.endsWith(QStringLiteral("another file,\nleaving original file as backup.)")));
+  EXPECT_TRUE(dialogs_.seen[0].text.contains(QStringLiteral(
+      "will move them (Ctrl+Z undoes)\n6) Right click on selected vertex/vertices will popup delete menu (Ctrl+Z "
+      "undoes)\n")));
   EXPECT_TRUE(dialogs_.seen[0].lines_whole);
   EXPECT_TRUE(dialogs_.seen[1].text.endsWith(QStringLiteral("time.\n \nThank you for your kind respond.")));
   EXPECT_EQ(dialogs_.seen[1].icon, QMessageBox::Information);

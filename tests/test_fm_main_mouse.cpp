@@ -547,6 +547,12 @@ TEST_F(UndoTest, EveryEditIsAStepThatTheMenuAndTheToolbarTakeBackAndApplyAgain) 
          popups_.answers = {Type({{"txt_1", "5"}})};
          Item(QStringLiteral("poTools_1"))->trigger();
        }},
+      {"Scale Extrusion Rate",
+       [&] {
+         popups_.answers = {Type({{"txt_0", "50"}})};
+         emit Control<QMenu>(QStringLiteral("mnTools"))->aboutToShow();
+         Item(QStringLiteral("poTools_2"))->trigger();
+       }},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.step);
@@ -567,6 +573,23 @@ TEST_F(UndoTest, EveryEditIsAStepThatTheMenuAndTheToolbarTakeBackAndApplyAgain) 
     EXPECT_EQ(Bytes(), edited);
     UndoItem()->trigger();
   }
+}
+
+TEST_F(UndoTest, ScaleExtrusionRateAsksForAPercentageAndIsGreyedWithoutMarks) {
+  QMenu* tools = Control<QMenu>(QStringLiteral("mnTools"));
+  QAction* scale = Item(QStringLiteral("poTools_2"));
+  emit tools->aboutToShow();
+  EXPECT_FALSE(scale->isEnabled());
+  Mark({2});
+  emit tools->aboutToShow();
+  ASSERT_TRUE(scale->isEnabled());
+  popups_.answers = {[](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Scale Extrusion Rate");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("txt_0")->text(), "100");
+    Type({{"txt_0", "5000"}})(dialog);  // at most 1000 %
+  }};
+  scale->trigger();
+  EXPECT_EQ(Record(2).e_delta, 80);
 }
 
 TEST_F(UndoTest, UndoingBackToTheFileAsLoadedClosesWithoutAsking) {
