@@ -132,6 +132,7 @@ void FmMain::BuildMenus() {
   for (int i = 0; i < 3; ++i) connect(poView_[i], &QAction::triggered, this, [this, i] { poView_Click(i); });
   for (int i = 0; i < 4; ++i) connect(poSetting_[i], &QAction::triggered, this, [this, i] { poSetting_Click(i); });
   for (int i = 0; i < 3; ++i) connect(poTools_[i], &QAction::triggered, this, [this, i] { poTools_Click(i); });
+  poTools_[0]->setCheckable(true);
   // Scale Extrusion Rate scales the marked vertices: with none, it is greyed.
   poTools_[2]->setEnabled(false);
   connect(mnTools, &QMenu::aboutToShow, this, [this] { poTools_[2]->setEnabled(CountSelected(lists.select_line) > 0); });
@@ -209,7 +210,7 @@ void FmMain::BuildPopupMenus() {
 
 void FmMain::HideUnfinishedCommands() {
   for (QAction* item : {poSelectEdit_[0], poSelectEdit_[1], poUnSelectEdit_[0], poUnSelectEdit_[2],
-                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2], poTools_[0]})
+                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2]})
     item->setVisible(false);
 }
 

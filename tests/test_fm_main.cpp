@@ -72,7 +72,7 @@ constexpr ItemState start_state[] = {
     {"poSetting_1", "&Data Range Scroll", "F6", true, true, true},
     {"poSetting_2", "Show &Movement", "F7", true, true, true},
     {"poSetting_3", "Show &Arrow", "F8", true, true, true},
-    {"poTools_0", "&Ruler", "", false, true, false},
+    {"poTools_0", "&Ruler", "", true, true, false},
     {"poTools_2", "Scale &Extrusion Rate", "", true, false, false},
     {"poHelp_0", "&Manual", "F1", true, true, false},
     {"poHelp_1", "&About", "F12", true, true, false},

@@ -407,6 +407,34 @@ TEST_F(MouseTest, EditSelectedDataAppliesOnlyTheFieldsTheUserChanged) {
   EXPECT_EQ(CheckConsistency(), "");
 }
 
+TEST_F(MouseTest, TheRulerMeasuresADragInTheLocalesNumbersAndMarksAndMovesNothing) {
+  QAction* ruler = Item(QStringLiteral("poTools_0"));
+  ruler->trigger();
+  EXPECT_TRUE(ruler->isChecked());
+  Mark({2});
+  const std::vector<double> xs = Field(&coor_data::x);
+  // From the marked vertex (10, 2), 3 mm right and 4 mm up.
+  Drag(Qt::LeftButton, At(10, 2), At(13, 6));
+  EXPECT_EQ(Status(), QString::fromUtf8("Ruler: 5 mm, dX 3, dY 4, 53.1301\u00b0"));
+  EXPECT_EQ(Marks(), "0100");
+  EXPECT_EQ(Field(&coor_data::x), xs);
+  EXPECT_FALSE(doc.modified);
+  EXPECT_EQ(area_->grab().toImage().pixelColor(At(11.5, 4)), QColor(255, 255, 0));  // the measuring line
+  doc.decimal_comma = true;
+  Drag(Qt::LeftButton, At(13, 6), At(10, 2));
+  EXPECT_EQ(Status(), QString::fromUtf8("Ruler: 5 mm, dX -3, dY -4, -126,8699\u00b0"));
+  doc.decimal_comma = false;
+
+  QTest::keyClick(area_, Qt::Key_Escape);
+  EXPECT_FALSE(ruler->isChecked());
+  Drag(Qt::LeftButton, At(9, 1), At(11, 3));  // a band again
+  EXPECT_EQ(Marks(), "0100");
+  EXPECT_TRUE(Status().startsWith("1 vertex selected"));
+  ruler->trigger();
+  ruler->trigger();
+  EXPECT_FALSE(ruler->isChecked());
+}
+
 TEST_F(MouseTest, TheEditMenuOffersFeedrateAndItsShortcutsNeedADocument) {
   Mark({2});
   Click(Qt::RightButton, At(10, 2));

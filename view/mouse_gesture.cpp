@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <string>
 
 #include "editing/commands.h"
@@ -73,6 +74,19 @@ void drag_marked(int32_t x, int32_t y) {
               number((gesture.press_y - y) / view.view_scale) + ")");
   doc.modified = true;
   RedrawView();
+}
+
+// The ruler's line from the press to the pointer, and its measure.
+void measure(int32_t x, int32_t y) {
+  RestorePicture();
+  DrawSegment(gesture.press_x, bitmap_y(gesture.press_y), x, bitmap_y(y), band_colour);
+  ShowPicture();
+  double x1, y1, x2, y2;
+  mouse_to_world(gesture.press_x, gesture.press_y, x1, y1);
+  mouse_to_world(x, y, x2, y2);
+  const double dx = x2 - x1, dy = y2 - y1;
+  show_status("Ruler: " + number(std::hypot(dx, dy)) + " mm, dX " + number(dx) + ", dY " + number(dy) + ", " +
+              number(std::atan2(dy, dx) * 180 / std::numbers::pi) + "\u00b0");
 }
 
 void pan(int32_t x, int32_t y) { ZoomView(1, x - gesture.last_x, gesture.last_y - y, true); }
@@ -183,7 +197,7 @@ void picDraw_MouseDown(int32_t button, int32_t x, int32_t y) {
   gesture.press_x = gesture.last_x = view.wheel_anchor_x = x;
   gesture.press_y = gesture.last_y = view.wheel_anchor_y = y;
   gesture.press_button = button;
-  gesture.press_hit = pick_vertex(x, bitmap_y(y), true);  // on a marked vertex: a drag
+  gesture.press_hit = gesture.ruler ? -1 : pick_vertex(x, bitmap_y(y), true);  // on a marked vertex: a drag
   gesture.press_moved = false;
   if (button == left_button && gesture.press_hit < 0) SavePicture();
 }
@@ -196,7 +210,8 @@ void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y) {
   if (!gesture.press_moved && near_press(x, y)) return;
   switch (buttons) {
     case left_button:
-      if (gesture.press_hit < 0) rubber_band(x, y);
+      if (gesture.ruler) measure(x, y);
+      else if (gesture.press_hit < 0) rubber_band(x, y);
       else drag_marked(x, y);
       break;
     case right_button:
@@ -215,7 +230,9 @@ void picDraw_MouseUp(int32_t button, int32_t x, int32_t y) {
   if (!IsDocumentLoaded() || gesture.press_button == 0) return;
   const BusyPointer busy;
   history.end();  // a drag's step
-  if (button == left_button && !gesture.press_moved) {
+  if (button == left_button && gesture.ruler) {
+    // A measure marks nothing; its line stays until the next redraw.
+  } else if (button == left_button && !gesture.press_moved) {
     click(x, y);
   } else if (button == left_button) {
     // A finished drag leaves the lists showing the moved records.
@@ -227,6 +244,11 @@ void picDraw_MouseUp(int32_t button, int32_t x, int32_t y) {
   }
   gesture.press_button = 0;
   gesture.press_x = -1;
+}
+
+void SetRuler(bool on) {
+  gesture.ruler = on;
+  if (!on) RedrawView();
 }
 
 void InsertPointsAtClick(int32_t count) {

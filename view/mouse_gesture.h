@@ -29,6 +29,8 @@ struct MouseGesture {
   int32_t press_hit = -1;
   // Cleared before the insert menu opens, set when an insertion used it.
   bool popup_used = false;
+  // Tools > Ruler: a left drag measures instead of marking or moving.
+  bool ruler = false;
   // The steps of the drag under way, in millimetres, for its Redo.
   std::shared_ptr<std::vector<PlanePoint>> drag_moves;
 };
@@ -39,6 +41,9 @@ void picDraw_MouseDown(int32_t button, int32_t x, int32_t y);
 // `buttons`: the buttons held, or-ed.
 void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y);
 void picDraw_MouseUp(int32_t button, int32_t x, int32_t y);
+
+// Turns the ruler on or off; off wipes its line.
+void SetRuler(bool on);
 
 // Insert Point(s) of the insert menu: `count` points on the line that the
 // right click picked; one point goes where the user clicked.
