@@ -43,9 +43,14 @@ FmMain::FmMain(const std::vector<std::string>& arguments)
   ResetDocument(false);
   SetPictureScreen(picDraw_);
   SetRulers(horzRuler_, vertRuler_);
-  // The drawing starts from the area's size, so it waits until there is one.
+  // The drawing starts from the area's size, so it waits until there is one;
+  // a file loaded before then is fitted now.
   connect(picDraw_, &DrawArea::first_sized, this, [](int width, int height) {
-    if (CreateDrawing(width, height)) RedrawView();
+    if (!CreateDrawing(width, height)) return;
+    if (IsDocumentLoaded())
+      ZoomFit();
+    else
+      RedrawView();
   });
   lists.refresh_guard = false;
   for (int setting : {1, 2, 3}) poSetting_Click(setting);
@@ -57,6 +62,7 @@ FmMain::FmMain(const std::vector<std::string>& arguments)
   ConnectDrawingArea();
   // The window sees "+" and "-" before the control that has the focus.
   qApp->installEventFilter(this);
+  setAcceptDrops(true);
   // Fits a 1366 x 768 screen below its title bar and beside a desktop
   // panel; below the minimum the drawing with its rulers, the sliders and
   // the first status panel would no longer be of use.

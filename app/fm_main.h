@@ -7,9 +7,11 @@
 #include <QMainWindow>
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/recent_files.h"
 #include "editing/commands.h"
 #include "platform/qt_platform.h"
 
@@ -44,10 +46,17 @@ class FmMain : public QMainWindow {
   bool debug_mode() const { return debug_mode_; }
   const std::string& command_line_file() const { return command_file_; }
 
-  // File commands.
+  // File commands: 0 Open, 1 Save, 2 Save As, 5 Quit, 6 Reload.
   void poFile_Click(int index);
   void poExport_Click(int index);
+  // Loads `path`: the first printed layer becomes current and the view is
+  // fitted to the part.
   void LoadCommand(const std::string& path);
+  // Loads the document's file again, keeping the current layer (or the
+  // last, when there are fewer) and the view.
+  void ReloadCommand();
+  // The save question, then the load: a recent or dropped file.
+  void OpenAfterAsking(const std::string& path);
   // 1 Save, 2 Save As, 3 tagged export.
   void SaveFileFunc(uint8_t code);
   std::string AskNewSaveFileName();
@@ -77,6 +86,10 @@ class FmMain : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  // Dropped G-code files (fm_main_drop.cpp).
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -99,6 +112,11 @@ class FmMain : public QMainWindow {
   void HideUnfinishedCommands();
   QAction* AddItem(QMenu* menu, const char* name, int index, const QString& caption,
                    const QKeySequence& shortcut = {});
+  // File > Open Recent (fm_main_recent.cpp), inserted before `before`.
+  void BuildRecentMenu(QMenu* mnFile, QAction* before);
+  void FillRecentMenu();
+  // The document's file joins the recent files.
+  void RememberFile();
   void ShowManual();
   void ShowAbout();
 
@@ -107,6 +125,9 @@ class FmMain : public QMainWindow {
   // fm_main_mouse.cpp.
   void ConnectDrawingArea();
 
+  // `keep_layer`: the layer to make current, the view kept; none for a new
+  // first look.
+  void LoadFile(const std::string& path, std::optional<int32_t> keep_layer);
   void SetCaption();
   // "+" and "-" step the layer slider while a document is loaded.
   bool LayerSliderKey(int key);
@@ -151,6 +172,9 @@ class FmMain : public QMainWindow {
   QSlider* scrData_ = nullptr;
   QLabel* lblLayerScr_ = nullptr;
   QLabel* lblDataScr_ = nullptr;
+
+  RecentFiles recent_;
+  QMenu* mnRecent_ = nullptr;
 
   // Menus: the item arrays by index.
   std::vector<QAction*> poFile_, poExport_, poEdit_, poView_, poSetting_, poTools_, poHelp_;

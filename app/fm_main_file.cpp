@@ -1,13 +1,15 @@
-// The File menu: open, save, save under a new name, the tagged export, and
-// the question before the document is dropped.
-#include <QFile>
+// The File menu: open, save, save under a new name, reload, the tagged
+// export, and the question before the document is dropped.
+#include <algorithm>
 
 #include "app/fm_main.h"
 #include "document/document.h"
 #include "document/korvexed_file.h"
+#include "document/printed_part.h"
 #include "editing/history.h"
 #include "editing/list_state.h"
 #include "view/korvexed_graphic.h"
+#include "view/world_view.h"
 
 namespace korvexed {
 
@@ -30,6 +32,7 @@ void FmMain::poFile_Click(int index) {
     case 1: SaveFileFunc(code_save); break;
     case 2: SaveFileFunc(code_save_as); break;
     case 5: close(); break;
+    case 6: ReloadCommand(); break;
     default: break;
   }
 }
@@ -38,15 +41,28 @@ void FmMain::poExport_Click(int index) {
   if (index == 0) SaveFileFunc(code_export);
 }
 
-void FmMain::LoadCommand(const std::string& path) {
+void FmMain::LoadCommand(const std::string& path) { LoadFile(path, std::nullopt); }
+
+void FmMain::LoadFile(const std::string& path, std::optional<int32_t> keep_layer) {
   const BusyPointer busy;
   if (LoadGCode(path)) {
     doc.file_name = path;
     SetCaption();
-    FillLayerList();
+    if (keep_layer) {
+      FillLayerList(std::min(*keep_layer, doc.layer_count - 1));
+    } else {
+      // The print as it starts, the whole part in view.
+      const PlaneExtent part = PartExtent();
+      FitViewTo(part);
+      FillLayerList(FirstPrintedLayer(part));
+    }
     ShowStatus("Load successful " + doc.file_name, 1);
     doc.modified = false;
-  } else if (IsDocumentLoaded()) {
+    history.clear();
+    RememberFile();
+    return;
+  }
+  if (IsDocumentLoaded()) {
     // The file could not be opened: the document before it is intact.
     ShowStatus("Load failed " + path, 1);
   } else {
@@ -57,6 +73,13 @@ void FmMain::LoadCommand(const std::string& path) {
   }
   history.clear();
   RedrawView();
+}
+
+void FmMain::ReloadCommand() {
+  if (doc.file_name.empty() || !AskSaveChanges()) return;
+  // A copy: a failed load clears the document's name.
+  const std::string path = doc.file_name;
+  LoadFile(path, std::max(doc.current_layer, 0));
 }
 
 void FmMain::SaveFileFunc(uint8_t code) {
@@ -74,6 +97,7 @@ void FmMain::SaveFileFunc(uint8_t code) {
     SetCaption();
     ShowStatus("Save successful " + doc.file_name, 1);
     history.saved();
+    RememberFile();
   }
 }
 

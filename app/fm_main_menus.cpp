@@ -85,6 +85,7 @@ void FmMain::BuildMenus() {
   poFile_ = {AddItem(mnFile, "poFile", 0, QStringLiteral("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O)),
              AddItem(mnFile, "poFile", 1, QStringLiteral("&Save"), QKeySequence(Qt::CTRL | Qt::Key_S)),
              AddItem(mnFile, "poFile", 2, QStringLiteral("Save &As..."))};
+  BuildRecentMenu(mnFile, poFile_[1]);
   QMenu* mnExport = mnFile->addMenu(QStringLiteral("Export"));
   mnExport->menuAction()->setObjectName(QStringLiteral("poFile_3"));
   poFile_.push_back(mnExport->menuAction());
@@ -93,7 +94,10 @@ void FmMain::BuildMenus() {
   separator->setObjectName(QStringLiteral("poFile_4"));
   poFile_.push_back(separator);
   poFile_.push_back(AddItem(mnFile, "poFile", 5, QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q)));
-  for (int i = 0; i < 6; ++i)
+  QAction* reload = AddItem(mnFile, "poFile", 6, QStringLiteral("&Reload"), QKeySequence(Qt::CTRL | Qt::Key_R));
+  mnFile->insertAction(mnExport->menuAction(), reload);
+  poFile_.push_back(reload);
+  for (int i = 0; i < 7; ++i)
     if (i != 3 && i != 4) connect(poFile_[i], &QAction::triggered, this, [this, i] { poFile_Click(i); });
   connect(poExport_[0], &QAction::triggered, this, [this] { poExport_Click(0); });
 
@@ -141,6 +145,7 @@ void FmMain::BuildMenus() {
   platform_.set_save_action(poFile_[1]);
   platform_.add_document_control(poFile_[2]);
   platform_.add_document_control(poFile_[3]);
+  platform_.add_document_control(poFile_[6]);
   platform_.set_export_action(poExport_[0]);
   platform_.set_history_controls({poEdit_[0], poEdit_[1]}, {CoolButton1_[12], CoolButton1_[13]});
   for (QAction* item : poView_) platform_.add_document_control(item);

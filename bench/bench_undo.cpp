@@ -22,7 +22,7 @@ constexpr double mb = 1e6;
 
 bool Open(const BenchFile& file) {
   if (!LoadGCode(file.path)) return false;
-  FillLayerList();
+  FillLayerList(0);
   history.clear();
   return true;
 }

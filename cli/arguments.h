@@ -1,6 +1,7 @@
 #pragma once
 // The command line of korvexed-cli, read into one structure.
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -20,9 +21,10 @@ struct Arguments {
   bool accept_partial = false;
   bool decimal_comma = false;
   double rotate = 0, dx = 0, dy = 0;
-  // render: the current layer, the other layers on view (ranges A-B, both
-  // ends included; checked against the file once it is read), the size.
-  int32_t layer = 0;
+  // render: the current layer (none: the first printed one), the other
+  // layers on view (ranges A-B, both ends included; checked against the
+  // file once it is read), the size.
+  std::optional<int32_t> layer;
   std::vector<std::pair<int32_t, int32_t>> with;
   int32_t width = 800, height = 800;
   bool travel = true, arrows = true;

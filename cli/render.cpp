@@ -6,6 +6,7 @@
 #include "cli/exit_status.h"
 #include "cli/output.h"
 #include "document/document.h"
+#include "document/printed_part.h"
 #include "editing/list_state.h"
 #include "platform/png_image.h"
 #include "platform/platform.h"
@@ -25,16 +26,18 @@ bool LayerExists(int32_t layer) {
 }  // namespace
 
 int RenderPicture(const Arguments& args) {
-  if (!LayerExists(args.layer)) return exit_usage;
+  if (args.layer && !LayerExists(*args.layer)) return exit_usage;
   for (const auto& [first, last] : args.with)
     if (!LayerExists(last)) return exit_usage;
 
-  ShowSingleLayer(args.layer);
+  const PlaneExtent part = PartExtent();
+  ShowSingleLayer(args.layer ? *args.layer : FirstPrintedLayer(part));
   for (const auto& [first, last] : args.with)
     for (int32_t l = first; l <= last; ++l) lists.layer_selected[static_cast<size_t>(l)] = 1;
   draw_settings = {.show_movement = args.travel, .show_arrow = args.arrows};
   if (!CreateDrawing(args.width, args.height)) return exit_io;
-  ZoomFit();
+  FitViewTo(part);
+  RedrawView();
 
   const std::string png = EncodePng(drawing.picture);
   if (png.empty()) {

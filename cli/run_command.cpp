@@ -23,11 +23,12 @@ namespace korvexed::cli {
 
 namespace {
 
-// Reads FILE as Open does: the lists show layer 0 afterwards.
+// Reads FILE as Open does, but the lists show layer 0 afterwards and
+// nothing is fitted: scripts start from there.
 bool OpenDocument(const std::string& path) {
   if (!LoadGCode(path)) return false;
   doc.file_name = path;
-  FillLayerList();
+  FillLayerList(0);
   doc.modified = false;
   history.clear();
   return true;

@@ -20,7 +20,8 @@ Commands:
   render FILE -o OUT.png [--layer N] [--with LAYERS] [--size WxH]
                  [--no-travel] [--no-arrows]
                               the picture of the drawing area after Zoom
-                              Fit: layer N (default 0) current, LAYERS
+                              Fit: layer N (default: the first printed
+                              layer, as after Open) current, LAYERS
                               (such as 0,3-5) on view as other layers
   edit FILE SCRIPT            run an edit script (SCRIPT '-' reads standard
                               input)

@@ -33,6 +33,9 @@ ListBox::ListBox(QWidget* parent) : QAbstractScrollArea(parent) {
   viewport()->setAutoFillBackground(true);
   verticalScrollBar()->setSingleStep(1);
   horizontalScrollBar()->setSingleStep(fontMetrics().averageCharWidth());
+  // A selecting drag held past the top or bottom edge goes on by itself.
+  edge_scroll_.setInterval(50);
+  connect(&edge_scroll_, &QTimer::timeout, this, [this] { DragTo(drag_y_); });
 }
 
 void ListBox::set_source(std::vector<uint8_t>* selected, int32_t* caret, LineText text) {
@@ -231,8 +234,16 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
 
 void ListBox::mouseMoveEvent(QMouseEvent* event) {
   if (!dragging_ || !(event->buttons() & Qt::LeftButton) || !caret_) return;
-  // Dragging stretches the range from the pressed line; past an edge it scrolls.
-  const int y = static_cast<int>(std::floor(event->position().y()));
+  drag_y_ = static_cast<int>(std::floor(event->position().y()));
+  DragTo(drag_y_);
+  const bool past_edge = drag_y_ < 0 || drag_y_ >= viewport()->height();
+  if (past_edge && !edge_scroll_.isActive()) edge_scroll_.start();
+  if (!past_edge) edge_scroll_.stop();
+}
+
+void ListBox::DragTo(int y) {
+  // Dragging stretches the range from the pressed line; past an edge the
+  // caret's line scrolls into view, so the next step reaches one further.
   const int offset = y >= 0 ? y / line_height_ : (y + 1) / line_height_ - 1;
   const int line = std::clamp(top_line() + offset, 0, line_count() - 1);
   if (line != *caret_) Choose(line, Pick::range);
@@ -240,6 +251,7 @@ void ListBox::mouseMoveEvent(QMouseEvent* event) {
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event) {
   dragging_ = false;
+  edge_scroll_.stop();
   // A press elsewhere that ends over the list is no click on it.
   const bool right_click = event->button() == Qt::RightButton && pressed_button_ == Qt::RightButton;
   pressed_button_ = Qt::NoButton;

@@ -3,6 +3,7 @@
 // byte per line and a caret line, with each line's text asked for only when
 // it is painted. So a list of 100,000 lines costs no more than one of 10.
 #include <QAbstractScrollArea>
+#include <QTimer>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -72,6 +73,8 @@ class ListBox : public QAbstractScrollArea {
   void Choose(int line, Pick pick);
   void SelectRange(int from, int to);
   void ShowLine(int line);
+  // A selecting drag at viewport height `y`.
+  void DragTo(int y);
   // An edit removes or inserts rows one by one: the scroll range follows
   // once, when the edit is over, as each change of it costs an event.
   void ResetSoon();
@@ -94,6 +97,8 @@ class ListBox : public QAbstractScrollArea {
   bool refill_pending_ = false;
   bool reset_pending_ = false;
   bool dragging_ = false;
+  int drag_y_ = 0;
+  QTimer edge_scroll_;
   // The button of the latest press on the list.
   Qt::MouseButton pressed_button_ = Qt::NoButton;
   int widest_text_ = 0;

@@ -4,7 +4,6 @@
 
 #include "document/gcode_line.h"
 #include "document/layer_finder.h"
-#include "editing/list_state.h"
 #include "platform/platform.h"
 
 namespace korvexed {
@@ -171,12 +170,20 @@ void ResetDocument(bool loaded) {
   doc.layer_tagged = 0;
 }
 
+namespace {
+
+void (*reset_listener)() = nullptr;
+
+}  // namespace
+
+void SetResetListener(void (*listener)()) { reset_listener = listener; }
+
 void SetDocumentControls(bool enabled) {
   platform().set_document_controls(enabled);
   platform().set_export_enabled(doc.layer_tagged != 1);
   if (!enabled) {
-    lists = ListState{};
     doc.current_layer = -1;
+    if (reset_listener) reset_listener();
     for (const ListId id : {ListId::layer, ListId::data, ListId::select}) platform().list_reset(id);
   }
 }

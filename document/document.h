@@ -171,6 +171,9 @@ void AddTextRecord(std::string_view line);
 // in both cases enables or disables the controls that need a document.
 void ResetDocument(bool loaded);
 void SetDocumentControls(bool enabled);
+// Who keeps state about the document's layers and records (the lists) is
+// told when the document is emptied or its controls disabled.
+void SetResetListener(void (*listener)());
 bool IsDocumentLoaded();
 void ShowStatus(std::string_view text, int panel);
 

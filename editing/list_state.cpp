@@ -15,6 +15,13 @@ ListState lists;
 
 namespace {
 
+// The lists forget the document they showed whenever it is emptied.
+const bool listening = (SetResetListener([] { lists = ListState{}; }), true);
+
+}  // namespace
+
+namespace {
+
 size_t at(int32_t i) { return static_cast<size_t>(i); }
 
 // Z as the layer list shows it: 15 significant digits, written without an
@@ -69,8 +76,10 @@ std::string LayerLineText(int32_t layer) {
   std::string text = "L";
   text += std::to_string(layer);
   text += "> Z";
-  text += plain_number(doc.layer(layer).z);
-  return text;
+  std::string z = plain_number(doc.layer(layer).z);
+  // The separator of the user's locale, as the data list writes it.
+  if (doc.decimal_comma) std::replace(z.begin(), z.end(), '.', ',');
+  return text + z;
 }
 
 std::string DataLineText(int32_t row) {
@@ -79,13 +88,13 @@ std::string DataLineText(int32_t row) {
 
 std::string SelectLineText(int32_t line) { return DataLineText(lists.row_to_g[at(line)]); }
 
-void FillLayerList() {
+void FillLayerList(int32_t current) {
   if (lists.refresh_guard) return;
   platform().set_slider_range(SliderId::layer, std::max(doc.layer_count - 1, 0), true);
   lists.layer_selected.assign(at(doc.layer_count), 0);
   lists.layer_caret = -1;
   platform().list_refilled(ListId::layer);
-  if (doc.layer_count > 0) ShowSingleLayer(0);
+  if (doc.layer_count > 0) ShowSingleLayer(current);
 }
 
 void ShowSingleLayer(int32_t layer) {

@@ -62,8 +62,9 @@ ListView CaptureListView();
 // Shows the layer list anew (its layers may have changed), then `view`.
 void RestoreListView(const ListView& view);
 
-// After a load: every layer listed, layer 0 alone on view and current.
-void FillLayerList();
+// After a load: every layer listed, `current` alone on view and current as
+// a click on its line makes it.
+void FillLayerList(int32_t current);
 // Makes `layer` current as a click on its line with no other layer on view:
 // every data row on view, no vertex marked.
 void ShowSingleLayer(int32_t layer);

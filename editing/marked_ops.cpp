@@ -20,13 +20,10 @@ std::vector<int32_t> marked_rows() {
   return rows;
 }
 
-// Moves vertex r of the current layer and re-derives its own move from the
-// state before it.
-void move_vertex(int32_t r, double dx, double dy, double de) {
+// Moves vertex r of the current layer and re-derives its own move from p,
+// the state before it, at height p_z.
+void move_vertex(const coor_data& p, double p_z, int32_t r, double dx, double dy, double de) {
   const int32_t cur = doc.current_layer;
-  int32_t p_layer = cur;
-  const coor_data p = get_state_before(p_layer, r - 1);
-  const double p_z = height_before(cur, r - 1);
   check_d_delta(p, p_z, cur, r);
   const int32_t index = doc.layer(cur).g[static_cast<size_t>(r)].index;
   save_for_undo(&StepRecord::save_record, index);
@@ -42,20 +39,28 @@ void move_vertex(int32_t r, double dx, double dy, double de) {
   set_move_length(m, l2);
 }
 
-// Re-derives move n of the current layer, whose start moved; the change of
-// its E, which the moves after it owe.
-double rederive_next(int32_t n) {
+// Re-derives move n of the current layer from p, the state before it at
+// height p_z, which moved; the change of its E, which the moves after it
+// owe.
+double rederive_next(const coor_data& p, double p_z, int32_t n) {
   const int32_t cur = doc.current_layer;
-  int32_t p_layer = cur;
-  const coor_data p = get_state_before(p_layer, n - 1);
   save_for_undo(&StepRecord::save_record, doc.layer(cur).g[static_cast<size_t>(n)].index);
   coor_data& next = doc.coor(cur, n);
-  const double l2 = refit_length_sq(p, height_before(cur, n - 1), cur, n);
+  const double l2 = refit_length_sq(p, p_z, cur, n);
   keep_extrusion_rate(next, l2);
   const double delta = (p.e + next.e_delta) - next.e;
   next.e += delta;
   set_move_length(next, l2);
   return std::fabs(delta) > negligible ? delta : 0;
+}
+
+// A line move that states no position of its own (a retraction, a lift,
+// a change of feedrate) and stands where the vertex before it stood: it
+// goes wherever that vertex goes.
+bool follows(const g_entry& entry, PlanePoint vertex) {
+  const coor_data& c = doc.coor(entry);
+  return !is_arc(entry.kind) && !(c.given & (given_x | given_y)) && std::fabs(c.x - vertex.x) <= negligible &&
+         std::fabs(c.y - vertex.y) <= negligible;
 }
 
 }  // namespace
@@ -73,18 +78,34 @@ bool move_marked(double dx, double dy, double de) {
   // may differ from a vertex-by-vertex walk in the last bits of a double.
   double owed = 0;
   bool start_moved = false;  // the move before this one was moved
+  PlanePoint moved_from{};   // where that move ended before
   size_t next_marked = 0;
   for (int32_t r = marked.front(); r < ly.g_count; ++r) {
     const g_entry& entry = ly.g[static_cast<size_t>(r)];
     if (restarts_e(entry)) owed = 0;
     if (!is_move(entry.kind)) continue;
+    coor_data& c = doc.coor(entry);
     save_for_undo(&StepRecord::save_e, entry.index);
-    doc.coor(entry).e += owed;
-    if (start_moved) owed += rederive_next(r);
-    start_moved = next_marked < marked.size() && marked[next_marked] == r;
-    if (!start_moved) continue;
-    ++next_marked;
-    move_vertex(r, dx, dy, de);
+    c.e += owed;
+    const bool marked_here = next_marked < marked.size() && marked[next_marked] == r;
+    const bool follower = start_moved && !marked_here && follows(entry, moved_from);
+    if (follower) {
+      save_for_undo(&StepRecord::save_xy, entry.index);
+      c.x += dx;
+      c.y += dy;
+    }
+    if (start_moved || marked_here) {
+      int32_t p_layer = cur;
+      const coor_data p = get_state_before(p_layer, r - 1);  // the same for both steps
+      const double p_z = height_before(cur, r - 1);
+      if (start_moved) owed += rederive_next(p, p_z, r);
+      if (marked_here) {
+        moved_from = {c.x, c.y};
+        move_vertex(p, p_z, r, dx, dy, de);
+      }
+    }
+    if (!follower) start_moved = marked_here;
+    next_marked += marked_here;
   }
   // The rest of the print owes what reached the end of the layer; a moved
   // last vertex re-derives the first move after the layer.

@@ -165,9 +165,14 @@ std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode, const QString&
   if (mode == QFileDialog::AcceptSave) dialog.setDefaultSuffix(QStringLiteral("gcode"));
   {
     const NormalPointer pointer;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    dialog.exec();
   }
-  return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
+  const QStringList chosen = dialog.selectedFiles();
+  const bool accepted = dialog.result() == QDialog::Accepted && !chosen.isEmpty();
+  // Qt remembers, for every chooser to come, the folder a chooser was left
+  // in; a save chooser leaves that where it started.
+  if (mode == QFileDialog::AcceptSave) dialog.setDirectory(QFileInfo(start).absolutePath());
+  return accepted ? QFile::encodeName(chosen.front()).toStdString() : std::string();
 }
 
 void QtPlatform::beep() { QApplication::beep(); }

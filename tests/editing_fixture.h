@@ -35,7 +35,7 @@ class EditingTest : public FileTest {
   void load(const std::string& gcode) {
     load_text(gcode);
     doc.modified = false;
-    FillLayerList();
+    FillLayerList(0);
   }
   static coor_data& at(int32_t layer, int32_t r) { return doc.coor(layer, r); }
   static line_kind kind(int32_t layer, int32_t r) { return doc.layer(layer).g[static_cast<size_t>(r)].kind; }

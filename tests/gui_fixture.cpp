@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QSettings>
 #include <QTest>
 #include <algorithm>
 #include <fstream>
@@ -56,6 +57,11 @@ int CountPixels(Rgb colour) {
 void FmMainTest::SetUp() {
   dir_ = fs::temp_directory_path() / ("korvexed_gui_" + std::to_string(::getpid()));
   fs::create_directories(dir_);
+  // Each test's settings in a folder of their own: every window starts
+  // with no recent files.
+  static int test_number = 0;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString((dir_ / ("settings_" + std::to_string(++test_number))).string()));
   StartWith({});
 }
 

@@ -72,11 +72,12 @@ TEST(CliArguments, WrongCommandLinesAreRefusedWithTheReason) {
 TEST(CliArguments, RenderTakesALayerOtherLayersASizeAndSwitches) {
   const Arguments plain = Parse({"render", "a", "-o", "a.png"});
   EXPECT_EQ(std::tie(plain.command, plain.layer, plain.width, plain.height, plain.travel, plain.arrows),
-            std::tuple(Command::render, 0, 800, 800, true, true));
+            std::tuple(Command::render, std::nullopt, 800, 800, true, true));
   EXPECT_TRUE(plain.with.empty());
   const Arguments all = Parse({"render", "a", "-o", "a.png", "--layer", "3", "--with=0,3-5,7", "--size", "640x480",
                                "--no-travel", "--no-arrows"});
-  EXPECT_EQ(std::tie(all.layer, all.width, all.height, all.travel, all.arrows), std::tuple(3, 640, 480, false, false));
+  EXPECT_EQ(std::tie(all.layer, all.width, all.height, all.travel, all.arrows),
+            std::tuple(std::optional(3), 640, 480, false, false));
   EXPECT_EQ(all.with, (std::vector<std::pair<int32_t, int32_t>>{{0, 0}, {3, 5}, {7, 7}}));
   EXPECT_EQ(Error({"render", "a", "-o", "b", "--layer", "-1"}), "option '--layer': '-1' is not a layer index");
   EXPECT_EQ(Error({"render", "a", "-o", "b", "--with", "1,,2"}), "option '--with': '' is not a layer index");

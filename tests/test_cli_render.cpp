@@ -2,6 +2,8 @@
 
 #include <QImage>
 #include <QString>
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <string>
 
@@ -12,7 +14,8 @@ namespace {
 
 // Layer 1 at Z0.2: a travel to (20,20), extrusion to (70,20), a G0 travel
 // to (70,70), extrusion to (20,70) and on to (100,100). Layer 2 at Z0.4:
-// one extrusion back to (20,20). Zoom Fit spans 0 to 100 mm: 8 px/mm.
+// one extrusion back to (20,20). Two layers of extrusion are the part:
+// Zoom Fit puts 20 to 100 mm on 90 % of the picture, 9 px/mm.
 constexpr std::string_view layers_gcode =
     "G1 Z0.2 F1200\n"
     "G1 X20 Y20\n"
@@ -42,7 +45,23 @@ class CliRender : public CliTest {
   }
   // World millimetres to the picture's pixel, rows counted from the top.
   static QRgb At(const QImage& image, double x, double y) {
-    return image.pixel(static_cast<int>(x * 8), image.height() - 1 - static_cast<int>(y * 8));
+    const double left = 60 - 400 / 9.0;
+    return image.pixel(static_cast<int>(std::lround((x - left) * 9)),
+                       image.height() - 1 - static_cast<int>(std::lround((y - left) * 9)));
+  }
+  // How far `colour` reaches across the picture, as a share of its width
+  // or of its height, whichever is more.
+  static double Span(const QImage& image, QRgb colour) {
+    int left = image.width(), right = -1, top = image.height(), bottom = -1;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        if (image.pixel(x, y) == colour) {
+          left = std::min(left, x);
+          right = std::max(right, x);
+          top = std::min(top, y);
+          bottom = std::max(bottom, y);
+        }
+    return std::max(double(right - left + 1) / image.width(), double(bottom - top + 1) / image.height());
   }
   static int Count(const QImage& image, QRgb colour) {
     int n = 0;
@@ -55,7 +74,8 @@ class CliRender : public CliTest {
 }  // namespace
 
 TEST_F(CliRender, DrawsTheLayerAsTheWindowWouldAfterZoomFit) {
-  const QImage image = Render({"--layer", "1"});
+  // Without --layer: the first printed layer, as after Open.
+  const QImage image = Render({});
   ASSERT_EQ(image.size(), QSize(800, 800));
   EXPECT_EQ(At(image, 45, 20), extrusion);
   EXPECT_EQ(At(image, 70, 45), travel);
@@ -70,7 +90,7 @@ TEST_F(CliRender, SwitchesOtherLayersAndSizeChangeThePicture) {
   EXPECT_LT(Count(Render({"--layer", "1", "--no-arrows"}), extrusion), Count(full, extrusion));
   EXPECT_GT(Count(Render({"--layer", "1", "--with", "2"}), other_extrusion), 0);
   // Layer 0 holds only the start line G1 Z0: no path of layer 1 is drawn.
-  EXPECT_EQ(Count(Render({}), extrusion), 0);
+  EXPECT_EQ(Count(Render({"--layer", "0"}), extrusion), 0);
   const std::string png = Run({"render", "in.gcode", "-o", "-", "--size", "300x200"}).out;
   EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(png), "PNG").size(), QSize(300, 200)) << "to standard output";
 }
@@ -94,4 +114,19 @@ TEST_F(CliRender, AFailedWriteKeepsTheOldPictureAndLeavesNothingBehind) {
   EXPECT_EQ(Read("out.png"), "old picture");
   for (const auto& entry : std::filesystem::directory_iterator(Path("")))
     EXPECT_EQ(entry.path().filename().string().find("korvexed-"), std::string::npos) << entry.path();
+}
+
+// Real prints: the first printed layer fills the picture, and a middle
+// layer stays large though the first layer's skirt lies far around it.
+TEST_F(CliRender, TheFirstPictureOfARealPrintShowsThePartLarge) {
+  for (const char* name : {"slic3r_box", "prusa_prism", "prusa_vase", "cura_ring", "cura_zhop_rel", "arc_cup"}) {
+    SCOPED_TRACE(name);
+    const std::string print = std::string(KORVEXED_TEST_DATA) + "/" + name + ".gcode";
+    const CliResult first = Run({"render", print, "-o", "first.png"});
+    ASSERT_EQ(first.status, 0) << first.err;
+    EXPECT_GE(Span(QImage(QString::fromStdString(Path("first.png"))), extrusion), 0.85);
+    const CliResult middle = Run({"render", print, "-o", "middle.png", "--layer", "6"});
+    ASSERT_EQ(middle.status, 0) << middle.err;
+    EXPECT_GE(Span(QImage(QString::fromStdString(Path("middle.png"))), extrusion), 0.6);
+  }
 }

@@ -84,6 +84,19 @@ TEST_F(Move, ATypedExtrusionChangeIsScaledWithTheSegment) {
   EXPECT_CONSISTENT();
 }
 
+TEST_F(Move, MovesThatStateNoPositionGoWithTheVertexBeforeThem) {
+  load("G1 X0 Y0 F1200\nG1 X10 Y0 E1\nG1 E0.2 F2400\nG1 Z0.6\nG0 X20 Y0\nG1 Z0.2\nG1 X30 Y0 E2\n");
+  mark({2});
+  ASSERT_TRUE(move_marked(0, 5, 0));
+  // The retraction and the lift stay where the nozzle is; the travel
+  // leaves from there.
+  EXPECT_EQ((std::vector<double>{at(0, 3).y, at(0, 4).y, at(0, 5).y}), (std::vector<double>{5, 5, 0}));
+  EXPECT_DOUBLE_EQ(at(0, 5).d_delta, 100 + 25);
+  EXPECT_EQ(saved(), "G1 X0 Y0 F1200\r\nG1 X10 Y5 E1.11803\r\nG1 E0.31803 F2400\r\nG1  Z0.6\r\nG0 X20 Y0\r\n"
+                     "G1  Z0.2\r\nG1 X30 E2.11803\r\n");
+  EXPECT_CONSISTENT();
+}
+
 TEST_F(Move, ADegenerateSegmentKeepsItsExtrusionUnscaledForGood) {
   load(straight_doc);
   mark({3});

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSlider>
@@ -137,11 +138,18 @@ TEST_F(ListsTest, ALayerClickFillsTheDataListAndTheStatus) {
   EXPECT_EQ(Status(1), QStringLiteral("3 vertices selected"));
 }
 
+TEST_F(ListsTest, TheLayerListWritesTheLocalesDecimalSeparatorAsTheDataListDoes) {
+  doc.decimal_comma = true;  // as a load in a decimal-comma locale finds it
+  ClickLine(List("lstLayer"), 2);
+  EXPECT_EQ(Status(1), QStringLiteral("L2> Z0,4"));
+  doc.decimal_comma = false;
+}
+
 TEST_F(ListsTest, DeselectingTheCurrentLayerMovesToTheNearestSelectedBelowElseAbove) {
   ListBox* layers = List("lstLayer");
-  ClickLine(layers, 0, Qt::ControlModifier);  // the only one stays
-  EXPECT_EQ(lists.layer_selected, (U8{1, 0, 0, 0, 0}));
-  EXPECT_EQ(doc.current_layer, 0);
+  ClickLine(layers, 1, Qt::ControlModifier);  // the only one, the first printed, stays
+  EXPECT_EQ(lists.layer_selected, (U8{0, 1, 0, 0, 0}));
+  EXPECT_EQ(doc.current_layer, 1);
   ClickLine(layers, 1);
   ClickLine(layers, 4, Qt::ShiftModifier);
   ClickLine(layers, 2, Qt::ControlModifier);
@@ -191,8 +199,9 @@ TEST_F(ListsTest, RangeScrollAddsEveryLayerAndRowPassedOverByATrackClickOrTheWhe
   QSlider* layers = Slider("scrLayer");
   const auto [handle, groove] = HandleAndGroove(layers);
   EXPECT_LT(handle.width(), groove.width() / 8);  // a small handle, not half the track
+  // From the first printed layer to the last.
   QTest::mouseClick(layers, Qt::LeftButton, {}, QPoint(groove.right() - 2, handle.center().y()));
-  EXPECT_EQ(lists.layer_selected, (U8{1, 1, 1, 1, 1}));
+  EXPECT_EQ(lists.layer_selected, (U8{0, 1, 1, 1, 1}));
   EXPECT_EQ(doc.current_layer, 4);
 
   ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
@@ -291,6 +300,27 @@ TEST_F(ListsTest, ARightClickOnTheDataListMarksEveryListedVertex) {
   ChooseFromMenu(Button("cmdData"), QStringLiteral("View &None"));
   EXPECT_EQ(RightClickMenu(List("lstData"), 1), QString());
   EXPECT_EQ(CountSelected(lists.select_flag), 3);
+}
+
+TEST_F(ListsTest, ASelectingDragHeldBelowTheListGoesOnScrollingAndSelecting) {
+  std::string notes;
+  for (int i = 0; i < 200; ++i) notes += "; note\n";
+  window_->LoadCommand(Write("notes.gcode", notes));
+  ListBox* data = List("lstData");
+  const int below = data->viewport()->height() + 5;
+  QTest::mousePress(data->viewport(), Qt::LeftButton, {}, data->line_rect(0).center());
+  QMouseEvent held(QEvent::MouseMove, QPointF(10, below), data->viewport()->mapToGlobal(QPointF(10, below)),
+                   Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(data->viewport(), &held);
+  const int reached = lists.data_caret;
+  QTest::qWait(300);  // the pointer stays where it is
+  EXPECT_GE(lists.data_caret, reached + 3);
+  EXPECT_GT(data->top_line(), 0);
+  EXPECT_EQ(CountSelected(lists.data_selected), lists.data_caret + 1);
+  QTest::mouseRelease(data->viewport(), Qt::LeftButton, {}, QPoint(10, below));
+  const int released = lists.data_caret;
+  QTest::qWait(150);
+  EXPECT_EQ(lists.data_caret, released);
 }
 
 TEST_F(ListsTest, LinesWiderThanTheListScrollSideways) {

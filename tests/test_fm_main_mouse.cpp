@@ -620,6 +620,16 @@ TEST_F(UndoTest, ScaleExtrusionRateAsksForAPercentageAndIsGreyedWithoutMarks) {
   EXPECT_EQ(Record(2).e_delta, 80);
 }
 
+TEST_F(UndoTest, AReloadStartsANewHistory) {
+  Mark({2});
+  DragVertex2();
+  dialogs_.answers = {QMessageBox::No};
+  Item(QStringLiteral("poFile_6"))->trigger();
+  EXPECT_EQ(dialogs_.seen.size(), 1u);
+  EXPECT_FALSE(UndoItem()->isEnabled());
+  EXPECT_FALSE(doc.modified);
+}
+
 TEST_F(UndoTest, UndoingBackToTheFileAsLoadedClosesWithoutAsking) {
   Mark({2});
   DragVertex2();

@@ -91,7 +91,7 @@ TEST_F(Hostile, ExtremePointsDrawAtEveryZoom) {
   ASSERT_TRUE(LoadGCode(write("extreme.gcode", "G1 X" + big + " Y-" + big + " E1\nG1 X-" + big + " Y" + big +
                                                    " E2\nG92 X" + big + "\nG1 X1e9 Y-1e9 E3\nG1 X0 Y0.5 E4\n" +
                                                    "G1 X-1e15 Y1e15 E5\nG1 X0.001 Y-0.001 E6\n")));
-  FillLayerList();
+  FillLayerList(0);
   draw_settings = {.show_movement = true, .show_arrow = true};
   ASSERT_TRUE(CreateDrawing(97, 61));
   ZoomFit();

@@ -2,8 +2,11 @@
 // and what they paint.
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPalette>
+#include <QtMath>
+#include <algorithm>
 
 #include "view/ruler_bar.h"
 
@@ -49,6 +52,20 @@ TEST(RulerBar, VerticalRulerCountsDownFromItsTopEdge) {
   const QImage image = ruler.grab().toImage();
   // 2 stands 0.5 below the top: 25 px; 1 at 75 px.
   for (int y : {25, 75, 125}) EXPECT_EQ(Count(image, QRect(0, y, image.width(), 1), Ink(ruler)), image.width()) << y;
+}
+
+TEST(RulerBar, NoTickShowsInTheColumnOfAVerticalLabel) {
+  RulerBar ruler(Qt::Vertical);
+  ruler.set_orientation(3);
+  ruler.resize(ruler.sizeHint().width(), 500);
+  ruler.set_start_value(13.5);
+  ruler.set_length(-10);  // "13" stands at 25 px, written from 27 px down
+  const QImage image = ruler.grab().toImage();
+  const QFontMetricsF metrics(ruler.font());
+  const int left = qRound(ruler.width() - metrics.horizontalAdvance(QStringLiteral("13")) - 2);
+  const int glyphs = qCeil(std::max(metrics.horizontalAdvance('1'), metrics.horizontalAdvance('3')));
+  const QRect beside(left + glyphs, 27, ruler.width() - left - glyphs, 2 * ruler.text_height() - 4);
+  EXPECT_EQ(Count(image, beside, Paper(ruler)), beside.width() * beside.height());
 }
 
 TEST(RulerBar, ResizingKeepsTheValuePerPixel) {

@@ -99,6 +99,9 @@ TEST(RulerScale, SettingsIgnoreNegligibleAndUnchangedValues) {
 
   EXPECT_TRUE(scale.set_length(-20, 400));
   EXPECT_EQ(scale.length_per_pixel(), -0.05);
+  // 600 pixels at 500,000 a millimetre, in centimetres.
+  EXPECT_TRUE(scale.set_length(1.2e-4, 600));
+  EXPECT_DOUBLE_EQ(scale.length_per_pixel(), 2e-7);
   EXPECT_TRUE(scale.set_division(5));
   EXPECT_TRUE(scale.set_start_value(7.6));
 }

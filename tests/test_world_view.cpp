@@ -77,9 +77,9 @@ TEST_F(WorldViewTest, ZoomStopsAtItsBoundsAndPansByWholePixels) {
   EXPECT_DOUBLE_EQ(view.view_offset_x, -view.view_xmin);
 }
 
-TEST_F(WorldViewTest, FitPutsTheExtremesOnTheEdgesAndAlwaysHoldsTheOrigin) {
-  // Moves only at positive coordinates; G92 does not count.
-  load("G1 X50 Y60 F1200\nG1 X190 Y70 E1\nG1 X60 Y80 E2\nG92 X500 Y-500\n");
+TEST_F(WorldViewTest, FitWithoutExtrusionPutsTheExtremesOnTheEdgesAndHoldsTheOrigin) {
+  // Travel only, at positive coordinates; G92 does not count.
+  load("G1 X50 Y60 F1200\nG1 X190 Y70\nG1 X60 Y80\nG92 X500 Y-500\n");
   ZoomFit();
   EXPECT_DOUBLE_EQ(view.view_scale, 800.0 / 190);  // 0 to 190 across
   EXPECT_DOUBLE_EQ(view.view_xmin, 0);

@@ -105,6 +105,9 @@ void RulerBar::paintEvent(QPaintEvent*) {
     // column at the left edge is right-aligned by the whole label's width.
     const double left =
         orientation_ == 3 ? std::max(2, qRound(width() - metrics.horizontalAdvance(text) - 2)) : 2;
+    // The whole column keeps the ticks out, not only each character's box:
+    // a narrow digit would leave a longer tick showing beside it.
+    painter.fillRect(QRectF(left, start, width() - left, LabelLength(text)), paper);
     double top = start;
     for (const QChar character : text) {
       write(QRectF(left, top, metrics.horizontalAdvance(character), line), QString(character));

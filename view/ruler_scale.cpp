@@ -52,7 +52,10 @@ bool RulerScale::set_start_value(double value) {
 bool RulerScale::set_length(double value, int32_t extent) {
   // A ruler not laid out yet has no pixels to share the length among.
   if (extent <= 0 || !Usable(value) || value == length(extent)) return false;
-  return set_length_per_pixel(value / extent);
+  // Only the length must not be negligible: at the deepest zoom a pixel
+  // stands for far less than a negligible length.
+  length_per_pixel_ = value / extent;
+  return true;
 }
 
 bool RulerScale::set_division(int32_t value) {

@@ -1,5 +1,6 @@
 #include "view/world_view.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "document/document.h"
@@ -15,6 +16,51 @@ RulerSink* vertical_ruler = nullptr;
 
 double Width() { return drawing.picture.width; }
 double Height() { return drawing.picture.height; }
+
+// An axis on which everything lies at one value gets 20 mm about it.
+void OpenFlatAxis(double& min, double& max) {
+  if (min < max) return;
+  max = min + 10;
+  min = min - 10;
+}
+
+// A document that prints nothing: every move's end and the origin, edge to
+// edge.
+void FitEveryMove() {
+  // From the origin, so that it is always in the fitted view.
+  double min_x = 0, max_x = 0, min_y = 0, max_y = 0;
+  for (int32_t l = 0; l < doc.layer_count; ++l) {
+    const layer_data& ly = doc.layer(l);
+    for (int32_t j = 0; j < ly.g_count; ++j) {
+      const g_entry& entry = ly.g[static_cast<size_t>(j)];
+      if (!is_move(entry.kind)) continue;
+      const coor_data& c = doc.coor(entry);
+      if (min_x > c.x)
+        min_x = c.x;
+      else if (max_x < c.x)
+        max_x = c.x;
+      if (min_y > c.y)
+        min_y = c.y;
+      else if (max_y < c.y)
+        max_y = c.y;
+    }
+  }
+  OpenFlatAxis(min_x, max_x);
+  OpenFlatAxis(min_y, max_y);
+  const double sx = Width() / (max_x - min_x), sy = Height() / (max_y - min_y);
+  double scale;
+  if (sx <= sy) {
+    scale = sx;
+    min_y = min_y - (Height() / sx - (max_y - min_y)) / 2;
+  } else {
+    scale = sy;
+    min_x = min_x - (Width() / sy - (max_x - min_x)) / 2;
+  }
+  view.view_offset_x = -min_x;
+  view.view_offset_y = -min_y;
+  view.view_scale = scale;
+  UpdateViewBounds();
+}
 
 }  // namespace
 
@@ -80,46 +126,23 @@ void ZoomView(double factor, int32_t shift_px, int32_t shift_py, bool redraw) {
 }
 
 void ZoomFit() {
-  // From the origin, so that it is always in the fitted view.
-  double min_x = 0, max_x = 0, min_y = 0, max_y = 0;
-  for (int32_t l = 0; l < doc.layer_count; ++l) {
-    const layer_data& ly = doc.layer(l);
-    for (int32_t j = 0; j < ly.g_count; ++j) {
-      const g_entry& entry = ly.g[static_cast<size_t>(j)];
-      if (!is_move(entry.kind)) continue;
-      const coor_data& c = doc.coor(entry);
-      if (min_x > c.x)
-        min_x = c.x;
-      else if (max_x < c.x)
-        max_x = c.x;
-      if (min_y > c.y)
-        min_y = c.y;
-      else if (max_y < c.y)
-        max_y = c.y;
-    }
-  }
-  if (min_x >= max_x) {
-    max_x = min_x + 10;
-    min_x = min_x - 10;
-  }
-  if (min_y >= max_y) {
-    max_y = min_y + 10;
-    min_y = min_y - 10;
-  }
-  const double sx = Width() / (max_x - min_x), sy = Height() / (max_y - min_y);
-  double scale;
-  if (sx <= sy) {
-    scale = sx;
-    min_y = min_y - (Height() / sx - (max_y - min_y)) / 2;
-  } else {
-    scale = sy;
-    min_x = min_x - (Width() / sy - (max_x - min_x)) / 2;
-  }
-  view.view_offset_x = -min_x;
-  view.view_offset_y = -min_y;
+  FitViewTo(PartExtent());
+  RedrawView();
+}
+
+void FitViewTo(const PlaneExtent& part) {
+  if (Width() == 0 || Height() == 0) return;
+  if (part.empty()) return FitEveryMove();
+  double min_x = part.min_x, max_x = part.max_x, min_y = part.min_y, max_y = part.max_y;
+  OpenFlatAxis(min_x, max_x);
+  OpenFlatAxis(min_y, max_y);
+  // A twentieth of the area stays free on every side.
+  constexpr double used = 0.9;
+  const double scale = std::min(used * Width() / (max_x - min_x), used * Height() / (max_y - min_y));
+  view.view_offset_x = Width() / scale / 2 - (min_x + max_x) / 2;
+  view.view_offset_y = Height() / scale / 2 - (min_y + max_y) / 2;
   view.view_scale = scale;
   UpdateViewBounds();
-  RedrawView();
 }
 
 void MouseWheelZoom(double notches) {

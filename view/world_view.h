@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "document/korvexed_general.h"
+#include "document/printed_part.h"
 
 namespace korvexed {
 
@@ -53,8 +54,13 @@ void UpdateViewBounds();
 // Zooms by `factor` (clamped so the scale stays in its bounds), then pans
 // the picture by (shift_px, shift_py) pixels, right and up.
 void ZoomView(double factor, int32_t shift_px, int32_t shift_py, bool redraw);
-// Fits every move of the document, and the origin, into the drawing area.
+// Fits the printed part (PartExtent) into the drawing area with a margin,
+// whichever layers are on view, and redraws.
 void ZoomFit();
+// The same fit to `part`, without the redraw; a document that prints
+// nothing is fitted with every move's end and the origin, edge to edge.
+// Nothing happens while the drawing has no size yet.
+void FitViewTo(const PlaneExtent& part);
 // Zooms by the wheel's notches (at most 3 a turn) about the wheel anchor.
 void MouseWheelZoom(double notches);
 // The menu's "Zoom +" (notches 1) and "Zoom -" (-1), about the centre.

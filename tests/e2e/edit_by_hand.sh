@@ -1,18 +1,22 @@
 #!/bin/sh
 # The editor used as a person uses it, under a real X server of its own:
-# open a sliced print, step to its first printed layer with "+", fit it
-# with F4, drag one vertex with the pointer, delete another with Del, save
-# with Ctrl+S. Then the saved file must hold exactly those two edits, keep
-# the extrusion per millimetre of every move, and pass the consistency
-# check.
+# open a sliced print, which shows its first printed layer fitted, shake
+# the pointer on a click (which moves nothing), drag one vertex with the
+# pointer, delete another with Del, save with Ctrl+S. Then the saved file
+# must hold exactly those two edits, keep the extrusion per millimetre of
+# every move, and pass the consistency check.
 # usage: edit_by_hand.sh KORVEXED KORVEXED_CLI SCREEN_VERTICES CHECK_DOCUMENT FIXTURE
-if [ -z "${KORVEXED_E2E_SERVER:-}" ]; then
-  KORVEXED_E2E_SERVER=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" sh "$0" "$@"
-fi
+. "$(dirname "$0")/e2e_lib.sh"
 editor=$1 cli=$2 screen_vertices=$3 check_document=$4 fixture=$5
-layer=1          # the first printed layer
+layer=1          # the first printed layer, current after the load
 drag_x=40 drag_y=30
-. "$(dirname "$0")/by_hand.sh"
+
+cp "$fixture" "$work/print.gcode"
+"$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
+editor_pid=$!
+window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') || fail "no window"
+window=$(echo "$window" | head -n 1)
+timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
 
 # Two lone vertex dots, as they show on the screen: A to drag, and B, away
 # from A's old and new place, to delete.
@@ -25,22 +29,30 @@ two_dots() {
     }
     END { exit !found }' "$work/dots" >"$work/pick"
 }
-# The same two twice in a row: the screen has settled after F4.
+# The same two twice in a row: the screen has settled after the load.
 settled() {
   two_dots && cp "$work/pick" "$work/pick.first" && two_dots && cmp -s "$work/pick" "$work/pick.first"
 }
 wait_for 100 settled || fail "no two lone vertices on the screen"
 read -r ax ay bx by <"$work/pick"
 
-# A click marks A; a press on the marked vertex drags it.
+# A click marks A; a hand's shake of 2 pixels on it is still a click and
+# moves nothing; a press on the marked vertex drags it.
 xdotool mousemove "$ax" "$ay" click 1
+xdotool mousemove "$ax" "$ay" mousedown 1
+xdotool mousemove "$((ax + 2))" "$((ay + 1))" mouseup 1
 xdotool mousemove "$ax" "$ay" mousedown 1
 xdotool mousemove "$((ax + drag_x))" "$((ay + drag_y))" mouseup 1
 # A click marks B alone; Del deletes it; Ctrl+S saves over the file.
 xdotool mousemove "$bx" "$by" click 1
 xdotool key Delete
 xdotool key ctrl+s
-await_last_save "$fixture"
+saved() { ! cmp -s "$fixture" "$work/print.gcode"; }
+# The file is replaced in one step: once it differs, it is whole.
+wait_for 100 saved || fail "nothing saved"
+kill "$editor_pid"
+wait "$editor_pid" 2>/dev/null || true
+editor_pid=
 
 "$cli" dump "$fixture" -o "$work/before.dump"
 "$cli" dump "$work/print.gcode" -o "$work/after.dump"
