@@ -13,8 +13,8 @@
 
 namespace korvexed {
 
-// Consecutive record indices with one or more values each, packed: the
-// moves after an edit are mostly consecutive records.
+// Record indices packed as runs of consecutive ones: Translate saves every
+// move, and the moves of a file are mostly consecutive records.
 struct IndexRuns {
   struct Run {
     int32_t first, count;
