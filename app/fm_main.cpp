@@ -15,6 +15,7 @@
 #include "editing/list_state.h"
 #include "view/draw_area.h"
 #include "view/korvexed_graphic.h"
+#include "view/mouse_gesture.h"
 #include "view/ruler_bar.h"
 #include "view/world_view.h"
 
@@ -95,6 +96,10 @@ bool FmMain::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && watched->isWidgetType() &&
       static_cast<QWidget*>(watched)->window() == this) {
     const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Escape && gesture.ruler) {
+      poTools_Click(0);
+      return true;
+    }
     if (key->modifiers() == Qt::NoModifier || key->modifiers() == Qt::KeypadModifier ||
         key->modifiers() == Qt::ShiftModifier) {
       if (LayerSliderKey(key->key())) return true;

@@ -64,6 +64,8 @@ class FmMain : public QMainWindow {
   bool AskSaveChanges();
 
   // Menus and toolbar.
+  // 0 Undo, 1 Redo.
+  void poEdit_Click(int index);
   void poView_Click(int index);
   void poSetting_Click(int index);
   void poHelp_Click(int index);
@@ -141,7 +143,8 @@ class FmMain : public QMainWindow {
 
   // Toolbar.
   QWidget* picTool_ = nullptr;
-  std::array<CoolButton*, 12> CoolButton1_{};
+  // The twelve first buttons, then Undo and Redo (shown after Save).
+  std::array<CoolButton*, 14> CoolButton1_{};
   Line* lineToolTop_ = nullptr;
   Line* lineToolBottom_ = nullptr;
 
@@ -174,7 +177,7 @@ class FmMain : public QMainWindow {
   QMenu* mnRecent_ = nullptr;
 
   // Menus: the item arrays by index.
-  std::vector<QAction*> poFile_, poExport_, poView_, poSetting_, poTools_, poHelp_;
+  std::vector<QAction*> poFile_, poExport_, poEdit_, poView_, poSetting_, poTools_, poHelp_;
   QMenu* mnLstLayer_ = nullptr;
   QMenu* mnLstData_ = nullptr;
   QMenu* mnLstSelect_ = nullptr;

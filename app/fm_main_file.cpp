@@ -6,6 +6,7 @@
 #include "document/document.h"
 #include "document/korvexed_file.h"
 #include "document/printed_part.h"
+#include "editing/history.h"
 #include "editing/list_state.h"
 #include "view/korvexed_graphic.h"
 #include "view/world_view.h"
@@ -57,6 +58,7 @@ void FmMain::LoadFile(const std::string& path, std::optional<int32_t> keep_layer
     }
     ShowStatus("Load successful " + doc.file_name, 1);
     doc.modified = false;
+    history.clear();
     RememberFile();
     return;
   }
@@ -69,6 +71,7 @@ void FmMain::LoadFile(const std::string& path, std::optional<int32_t> keep_layer
     EmptyLists();
     ShowStatus("Load failed " + path, 1);
   }
+  history.clear();
   RedrawView();
 }
 
@@ -93,7 +96,7 @@ void FmMain::SaveFileFunc(uint8_t code) {
     doc.file_name = name;
     SetCaption();
     ShowStatus("Save successful " + doc.file_name, 1);
-    doc.modified = false;
+    history.saved();
     RememberFile();
   }
 }
@@ -108,7 +111,7 @@ bool FmMain::AskSaveChanges() {
   if (answer == MsgAnswer::cancel) return false;
   const BusyPointer busy;
   if (!SaveGCode(doc.file_name, save_plain)) return false;
-  doc.modified = false;
+  history.saved();
   return true;
 }
 

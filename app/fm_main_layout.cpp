@@ -38,7 +38,7 @@ struct ToolbarEntry {
 };
 
 // The toolbar by button index; the groups are separated where `gap_before` is set.
-constexpr ToolbarEntry toolbar[12] = {
+constexpr ToolbarEntry toolbar[14] = {
     {ToolbarPicture::open_file, "Open File..."},
     {ToolbarPicture::save_file, "Save File"},
     {ToolbarPicture::view_all_layers, "View All Layers"},
@@ -51,8 +51,13 @@ constexpr ToolbarEntry toolbar[12] = {
     {ToolbarPicture::show_arrow, "Show Arrow"},
     {ToolbarPicture::help, "Help"},
     {ToolbarPicture::about, "About"},
+    {ToolbarPicture::undo, "Undo"},
+    {ToolbarPicture::redo, "Redo"},
 };
-constexpr bool gap_before[12] = {false, false, true, true, false, false, true, false, true, false, true, false};
+constexpr bool gap_before[14] = {false, false, true, true, false, false, true,
+                                 false, true,  false, true, false, true, false};
+// Undo and Redo came after the others but stand beside Save.
+constexpr int toolbar_order[14] = {0, 1, 12, 13, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
 
 QPushButton* CommandButton(const char* name, const QString& caption, QWidget* parent) {
   auto* button = new QPushButton(caption, parent);
@@ -88,7 +93,7 @@ void FmMain::BuildToolbar() {
   auto* row = new QHBoxLayout;
   row->setContentsMargins(margin, 3, margin, 3);
   row->setSpacing(2);
-  for (int i = 0; i < 12; ++i) {
+  for (const int i : toolbar_order) {
     if (gap_before[i]) {
       auto* separator = new Line(Qt::Vertical, Line::Style::sunken, picTool_);
       row->addSpacing(4);

@@ -6,6 +6,8 @@
 #include "app/program_title.h"
 #include "controls/cool_button.h"
 #include "document/document.h"
+#include "editing/history.h"
+#include "editing/list_state.h"
 #include "view/korvexed_graphic.h"
 #include "view/world_view.h"
 
@@ -14,15 +16,15 @@ namespace korvexed {
 namespace {
 
 // Which menu item each toolbar button stands for.
-enum class Group { file, lst_layer, view, setting, help };
+enum class Group { file, lst_layer, view, setting, help, edit };
 struct ButtonCommand {
   Group group;
   int index;
 };
-constexpr ButtonCommand button_commands[12] = {
-    {Group::file, 0},    {Group::file, 1},    {Group::lst_layer, 2}, {Group::view, 0},
-    {Group::view, 1},    {Group::view, 2},    {Group::setting, 0},   {Group::setting, 1},
-    {Group::setting, 2}, {Group::setting, 3}, {Group::help, 0},      {Group::help, 1},
+constexpr ButtonCommand button_commands[14] = {
+    {Group::file, 0},    {Group::file, 1},    {Group::lst_layer, 2}, {Group::view, 0},    {Group::view, 1},
+    {Group::view, 2},    {Group::setting, 0}, {Group::setting, 1},   {Group::setting, 2}, {Group::setting, 3},
+    {Group::help, 0},    {Group::help, 1},    {Group::edit, 0},      {Group::edit, 1},
 };
 
 constexpr const char* manual_basics[] = {
@@ -31,8 +33,8 @@ constexpr const char* manual_basics[] = {
     "2) Drag Layer Slider scroll at the bottom to select interested slice layer",
     "3) Left click to select a vertex (green dots). Left click drag to make rectangle selection.",
     "4) While (3), press Shift to add, Ctrl to invert, Alt to subtract selection.",
-    "5) Left click drag on selected vertex/vertices will move them (be carefull no undo)",
-    "6) Right click on selected vertex/vertices will popup delete menu (be carefull no undo)",
+    "5) Left click drag on selected vertex/vertices will move them (Ctrl+Z undoes)",
+    "6) Right click on selected vertex/vertices will popup delete menu (Ctrl+Z undoes)",
     "7) Right click on a line to popup insert point menu.",
     "8) Right or Middle button click drag to pan view. Mousewheel scroll to zoom in and out view.",
     "9) Save edited file from File->Save/Save As. (Best practice is to save to another file,",
@@ -99,6 +101,12 @@ void FmMain::BuildMenus() {
     if (i != 3 && i != 4) connect(poFile_[i], &QAction::triggered, this, [this, i] { poFile_Click(i); });
   connect(poExport_[0], &QAction::triggered, this, [this] { poExport_Click(0); });
 
+  QMenu* mnEdit = menuBar()->addMenu(QStringLiteral("&Edit"));
+  mnEdit->setObjectName(QStringLiteral("mnEdit"));
+  poEdit_ = {AddItem(mnEdit, "poEdit", 0, QStringLiteral("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z)),
+             AddItem(mnEdit, "poEdit", 1, QStringLiteral("&Redo"), QKeySequence(Qt::CTRL | Qt::Key_Y))};
+  poEdit_[1]->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+
   QMenu* mnView = menuBar()->addMenu(QStringLiteral("&View"));
   mnView->setObjectName(QStringLiteral("mnView"));
   poView_ = {AddItem(mnView, "poView", 0, QStringLiteral("&Zoom +"), Qt::Key_F2),
@@ -124,9 +132,14 @@ void FmMain::BuildMenus() {
   poHelp_ = {AddItem(mnHelp, "poHelp", 0, QStringLiteral("&Manual"), Qt::Key_F1),
              AddItem(mnHelp, "poHelp", 1, QStringLiteral("&About"), Qt::Key_F12)};
 
+  for (int i = 0; i < 2; ++i) connect(poEdit_[i], &QAction::triggered, this, [this, i] { poEdit_Click(i); });
   for (int i = 0; i < 3; ++i) connect(poView_[i], &QAction::triggered, this, [this, i] { poView_Click(i); });
   for (int i = 0; i < 4; ++i) connect(poSetting_[i], &QAction::triggered, this, [this, i] { poSetting_Click(i); });
   for (int i = 0; i < 3; ++i) connect(poTools_[i], &QAction::triggered, this, [this, i] { poTools_Click(i); });
+  poTools_[0]->setCheckable(true);
+  // Scale Extrusion Rate scales the marked vertices: with none, it is greyed.
+  poTools_[2]->setEnabled(false);
+  connect(mnTools, &QMenu::aboutToShow, this, [this] { poTools_[2]->setEnabled(CountSelected(lists.select_line) > 0); });
   for (int i = 0; i < 2; ++i) connect(poHelp_[i], &QAction::triggered, this, [this, i] { poHelp_Click(i); });
 
   platform_.set_save_action(poFile_[1]);
@@ -134,6 +147,7 @@ void FmMain::BuildMenus() {
   platform_.add_document_control(poFile_[3]);
   platform_.add_document_control(poFile_[6]);
   platform_.set_export_action(poExport_[0]);
+  platform_.set_history_controls({poEdit_[0], poEdit_[1]}, {CoolButton1_[12], CoolButton1_[13]});
   for (QAction* item : poView_) platform_.add_document_control(item);
   platform_.add_document_control(mnTools->menuAction());
 }
@@ -201,12 +215,12 @@ void FmMain::BuildPopupMenus() {
 
 void FmMain::HideUnfinishedCommands() {
   for (QAction* item : {poSelectEdit_[0], poSelectEdit_[1], poUnSelectEdit_[0], poUnSelectEdit_[2],
-                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2], poTools_[0], poTools_[2]})
+                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2]})
     item->setVisible(false);
 }
 
 void FmMain::CoolButton1_Click(int index) {
-  if (index < 0 || index >= 12) return;
+  if (index < 0 || index >= 14) return;
   const ButtonCommand command = button_commands[index];
   switch (command.group) {
     case Group::file: poFile_Click(command.index); break;
@@ -214,7 +228,14 @@ void FmMain::CoolButton1_Click(int index) {
     case Group::view: poView_Click(command.index); break;
     case Group::setting: poSetting_Click(command.index); break;
     case Group::help: poHelp_Click(command.index); break;
+    case Group::edit: poEdit_Click(command.index); break;
   }
+}
+
+void FmMain::poEdit_Click(int index) {
+  if (index == 0) history.undo();
+  else history.redo();
+  RedrawView();
 }
 
 void FmMain::poView_Click(int index) {

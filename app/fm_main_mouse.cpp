@@ -37,8 +37,12 @@ void FmMain::poUnSelectEdit_Click(int) {}
 void FmMain::poPoint_Click(int index) { InsertPointsAtClick(index + 1); }
 
 void FmMain::poTools_Click(int index) {
-  // Ruler and Scale Extrusion Rate are inert.
-  if (index == 1 && TranslateDialog()) RedrawView();
+  if (index == 0) {
+    SetRuler(!gesture.ruler);
+    poTools_[0]->setChecked(gesture.ruler);
+  } else if ((index == 1 && TranslateDialog()) || (index == 2 && ScaleExtrusionDialog())) {
+    RedrawView();
+  }
 }
 
 }  // namespace korvexed

@@ -31,14 +31,6 @@ const std::string& LongLayerPrint() {
   return path;
 }
 
-// The layer with the most records.
-int32_t LargestLayer() {
-  int32_t largest = 0;
-  for (int32_t i = 1; i < doc.layer_count; ++i)
-    if (doc.layer(i).g_count > doc.layer(largest).g_count) largest = i;
-  return largest;
-}
-
 // Marks `count` moves in the middle of the current layer (every move when
 // it has no more); the first of them.
 int32_t MarkMovesInTheMiddle(int32_t count) {

@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
   for (const auto& file : files) {
     korvexed::bench::RegisterFileBenchmarks(file);
     korvexed::bench::RegisterEditingBenchmarks(file);
+    korvexed::bench::RegisterUndoBenchmarks(file);
     korvexed::bench::RegisterRenderBenchmarks(file);
   }
   std::fflush(stdout);

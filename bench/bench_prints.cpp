@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <vector>
 
+#include "document/document.h"
+
 namespace korvexed::bench {
 
 namespace {
@@ -52,6 +54,13 @@ bool Prepare(BenchFile& file) {
 }
 
 }  // namespace
+
+int32_t LargestLayer() {
+  int32_t largest = 0;
+  for (int32_t i = 1; i < doc.layer_count; ++i)
+    if (doc.layer(i).g_count > doc.layer(largest).g_count) largest = i;
+  return largest;
+}
 
 std::vector<BenchFile> PreparePrints() {
   std::vector<BenchFile> files{

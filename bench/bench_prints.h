@@ -2,6 +2,7 @@
 // The ~100 MB prints the benchmarks work on, made by the project's own
 // generator at the first run, beside the benchmark program in the build
 // tree.
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -19,5 +20,8 @@ struct BenchFile {
 // The print with G92 E0 at every layer change, and the one without any E
 // reset, both made when missing. Empty when one could not be written.
 std::vector<BenchFile> PreparePrints();
+
+// The layer of the loaded print with the most records.
+int32_t LargestLayer();
 
 }  // namespace korvexed::bench

@@ -16,6 +16,7 @@
 #include "document/document.h"
 #include "document/korvexed_file.h"
 #include "editing/commands.h"
+#include "editing/history.h"
 #include "editing/list_state.h"
 
 namespace korvexed::cli {
@@ -29,6 +30,7 @@ bool OpenDocument(const std::string& path) {
   doc.file_name = path;
   FillLayerList(0);
   doc.modified = false;
+  history.clear();
   return true;
 }
 

@@ -30,6 +30,8 @@ const std::map<std::string_view, Handler> handlers{
     {"save", ScriptSave},
     {"export", ScriptExport},
     {"dump", ScriptDump},
+    {"undo", ScriptUndo},
+    {"redo", ScriptRedo},
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "cli/script_handlers.h"
 #include "cli/words.h"
 #include "editing/commands.h"
+#include "editing/history.h"
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
 
@@ -24,10 +25,11 @@ int32_t MoveRecord(const ScriptArgs& args, size_t i) {
   return r;
 }
 
-// How the window ends an edit that changed data.
-void Edited() {
+// How the window ends an edit that changed data; true for its step.
+bool Edited() {
   doc.modified = true;
   RefreshListsAfterEdit();
+  return true;
 }
 
 }  // namespace
@@ -37,19 +39,19 @@ void ScriptMove(const ScriptArgs& args, ScriptState&) {
   args.expect(2, 3);
   const double dx = args.number(0), dy = args.number(1);
   const double de = args.size() == 3 ? args.number(2) : 0.0;
-  if (move_marked(dx, dy, de)) Edited();
+  history.run("Move", [=] { return move_marked(dx, dy, de) && Edited(); });
 }
 
 void ScriptDeleteVertices(const ScriptArgs& args, ScriptState&) {
   CurrentLayer(args);
   args.expect(0, 0);
-  if (delete_marked_vertices() > 0) Edited();
+  history.run("Delete Selected Data", [] { return delete_marked_vertices() > 0 && Edited(); });
 }
 
 void ScriptDeleteRows(const ScriptArgs& args, ScriptState&) {
   CurrentLayer(args);
   args.expect(0, 0);
-  if (delete_selected_rows() > 0) Edited();
+  history.run("Delete Selected Data", [] { return delete_selected_rows() > 0 && Edited(); });
 }
 
 void ScriptFeedrate(const ScriptArgs& args, ScriptState&) {
@@ -64,7 +66,8 @@ void ScriptKind(const ScriptArgs& args, ScriptState&) {
   args.expect(1, 1);
   const int kind = KeywordIndex(args[0], {"G0", "G1"});
   if (kind < 0) throw ScriptError(Quoted(args[0]) + " is not G0 or G1");
-  if (set_marked_kind(kind == 0 ? line_kind::g0 : line_kind::g1) > 0) Edited();
+  const line_kind to = kind == 0 ? line_kind::g0 : line_kind::g1;
+  history.run("Edit Selected Data", [=] { return set_marked_kind(to) > 0 && Edited(); });
 }
 
 void ScriptInsertPoint(const ScriptArgs& args, ScriptState&) {
@@ -110,6 +113,16 @@ void ScriptTranslate(const ScriptArgs& args, ScriptState&) {
   const double rotation = DialogValue(args.number(0));
   const double ox = DialogValue(args.number(1)), oy = DialogValue(args.number(2));
   TranslateCommand(rotation, ox, oy);
+}
+
+void ScriptUndo(const ScriptArgs& args, ScriptState&) {
+  args.expect(0, 0);
+  history.undo();
+}
+
+void ScriptRedo(const ScriptArgs& args, ScriptState&) {
+  args.expect(0, 0);
+  history.redo();
 }
 
 }  // namespace korvexed::cli

@@ -27,6 +27,8 @@ void ScriptInsertPoints(const ScriptArgs& args, ScriptState& state);
 void ScriptText(const ScriptArgs& args, ScriptState& state);
 void ScriptDeleteLayers(const ScriptArgs& args, ScriptState& state);
 void ScriptTranslate(const ScriptArgs& args, ScriptState& state);
+void ScriptUndo(const ScriptArgs& args, ScriptState& state);
+void ScriptRedo(const ScriptArgs& args, ScriptState& state);
 
 // Writing the document (script_output.cpp).
 void ScriptSave(const ScriptArgs& args, ScriptState& state);

@@ -5,6 +5,7 @@
 #include "cli/output.h"
 #include "cli/script_handlers.h"
 #include "document/korvexed_file.h"
+#include "editing/history.h"
 
 namespace korvexed::cli {
 
@@ -16,7 +17,7 @@ void ScriptSave(const ScriptArgs& args, ScriptState& state) {
     return;
   }
   // As Save As: the document is now that file's.
-  doc.modified = false;
+  history.saved();
   if (path != "-") doc.file_name = path;
 }
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+#include <QTransform>
 #include <algorithm>
 
 namespace korvexed {
@@ -178,6 +179,22 @@ void DrawAbout(Pen& pen) {
   pen.stroke(Polyline({{12, 11}, {12, 17}}));
 }
 
+// An arrow turning back over the top: to the left for Undo, mirrored to
+// the right for Redo.
+void DrawTurnArrow(Pen& pen, bool mirrored) {
+  QPainterPath bend;
+  bend.moveTo(15.5, 18.1);
+  bend.arcTo(QRectF(5, 5, 14, 14), -60, 240);
+  QPainterPath head = Polyline({{2, 9.5}, {5, 13}, {8, 9.5}});
+  if (mirrored) {
+    const QTransform mirror(-1, 0, 0, 1, kGrid, 0);
+    bend = mirror.map(bend);
+    head = mirror.map(head);
+  }
+  pen.stroke(bend);
+  pen.stroke(head, true);
+}
+
 void DrawPicture(Pen& pen, ToolbarPicture picture) {
   switch (picture) {
     case ToolbarPicture::zoom_in: return DrawMagnifier(pen, true);
@@ -196,6 +213,8 @@ void DrawPicture(Pen& pen, ToolbarPicture picture) {
     case ToolbarPicture::show_arrow: return DrawArrows(pen);
     case ToolbarPicture::help: return DrawHelp(pen);
     case ToolbarPicture::about: return DrawAbout(pen);
+    case ToolbarPicture::undo: return DrawTurnArrow(pen, false);
+    case ToolbarPicture::redo: return DrawTurnArrow(pen, true);
   }
 }
 

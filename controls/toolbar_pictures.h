@@ -18,6 +18,8 @@ enum class ToolbarPicture {
   show_arrow,
   help,
   about,
+  undo,
+  redo,
 };
 
 QIcon ToolbarIcon(ToolbarPicture picture);

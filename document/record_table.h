@@ -33,6 +33,11 @@ class RecordTable {
   }
   size_t size() const { return count_; }
   void clear() { count_ = hint_ = 0; }
+  // Drops the rows after the first `count`.
+  void truncate(size_t count) {
+    count_ = count;
+    hint_ = 0;
+  }
 
  private:
   ReservedArray<T> rows_;

@@ -19,6 +19,7 @@ class TextArena {
 
   std::string_view operator[](uint32_t id) const { return spans_[id]; }
   uint32_t size() const { return count_; }
+  size_t bytes() const { return used_ + count_ * sizeof(std::string_view); }
   void clear() { count_ = 0, used_ = 0; }
 
  private:

@@ -35,6 +35,7 @@ class TextList {
   void add(std::string_view text) { lines_.add(text); }
   void add(std::string_view head, char joint, std::string_view tail) { lines_.add(head, joint, tail); }
   void clear() { lines_.clear(); }
+  size_t bytes() const { return lines_.bytes(); }
 
  private:
   TextArena lines_;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "editing/history.h"
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
 #include "editing/text_input.h"
@@ -33,9 +34,20 @@ bool ChangeFeedrateCommand(double old_f, double new_f) {
     information("No feedrate change is required.");
     return false;
   }
-  if (change_feedrate(old_f, new_f) == 0) return false;
-  edited();
-  return true;
+  return history.run("Change Feedrate", [=] {
+    if (change_feedrate(old_f, new_f) == 0) return false;
+    edited();
+    return true;
+  });
+}
+
+bool ScaleExtrusionCommand(double percent) {
+  if (percent == 100) return false;
+  return history.run("Scale Extrusion Rate", [=] {
+    if (scale_marked_extrusion(percent / 100) == 0) return false;
+    edited();
+    return true;
+  });
 }
 
 bool TranslateCommand(double rotation, double ox, double oy) {
@@ -43,49 +55,60 @@ bool TranslateCommand(double rotation, double ox, double oy) {
     information("No translation is needed");
     return false;
   }
-  {
-    const BusyPointer busy;
-    translate_all(rotation, ox, oy);
-  }
-  edited();
-  return true;
+  return history.run("Translate All GCode", [=] {
+    {
+      const BusyPointer busy;
+      translate_all(rotation, ox, oy);
+    }
+    edited();
+    return true;
+  });
 }
 
 bool DeleteSelectedDataCommand(bool rows_allowed) {
-  if (delete_marked_vertices() > 0) {
-    if (rows_allowed) delete_selected_rows();
-  } else if (!rows_allowed || delete_selected_rows() == 0) {
-    return false;
-  }
-  edited();
-  return true;
+  return history.run("Delete Selected Data", [=] {
+    if (delete_marked_vertices() > 0) {
+      if (rows_allowed) delete_selected_rows();
+    } else if (!rows_allowed || delete_selected_rows() == 0) {
+      return false;
+    }
+    edited();
+    return true;
+  });
 }
 
 bool DeleteSelectedLayersCommand() {
-  const int32_t first = FirstSelected(lists.layer_selected);
-  if (delete_selected_layers() == 0) return false;
-  doc.modified = true;
-  RefreshLayerCaptions();
-  // The layer that took the place of the first deleted one, else the last,
-  // becomes current as a click on it would make it.
-  ShowSingleLayer(std::min(first, doc.layer_count - 1));
-  return true;
+  return history.run("Delete Selected Layers", [] {
+    const int32_t first = FirstSelected(lists.layer_selected);
+    if (delete_selected_layers() == 0) return false;
+    doc.modified = true;
+    RefreshLayerCaptions();
+    // The layer that took the place of the first deleted one, else the
+    // last, becomes current as a click on it would make it.
+    ShowSingleLayer(std::min(first, doc.layer_count - 1));
+    return true;
+  });
 }
 
 void InsertPointsCommand(int32_t r, int32_t count, double x, double y) {
-  if (count == 1) {
-    insert_point(r, x, y);  // where the user clicked, not the middle
-  } else {
-    insert_points_evenly(r, count);
-  }
-  edited();
+  history.run("Insert Point(s)", [=] {
+    if (count == 1) {
+      insert_point(r, x, y);  // where the user clicked, not the middle
+    } else {
+      insert_points_evenly(r, count);
+    }
+    edited();
+    return true;
+  });
 }
 
 bool ReplaceTextCommand(int32_t r, const std::string& text) {
   if (text == doc.text_list[doc.layer(doc.current_layer).g[static_cast<size_t>(r)].index]) return false;
-  replace_text_record(r, text);
-  edited();
-  return true;
+  return history.run("Edit Selected Data", [=] {
+    replace_text_record(r, text);
+    edited();
+    return true;
+  });
 }
 
 bool ChangeFeedrateDialog(FeedrateMemory& memory) {
@@ -101,6 +124,12 @@ bool TranslateDialog() {
   std::array<ValueRow, 3> rows{{{"Rotation (deg CCW +ve):", 0}, {"Offset X:", 0}, {"Offset Y:", 0}}};
   ValueInput("Translate Data", rows);  // Cancel leaves the zeros, which then do nothing
   return TranslateCommand(rows[0].value, rows[1].value, rows[2].value);
+}
+
+bool ScaleExtrusionDialog() {
+  std::array<ValueRow, 3> rows{{{"Scale (%):", 100}, {}, {}}};
+  if (!ValueInput("Scale Extrusion Rate", rows)) return false;
+  return ScaleExtrusionCommand(std::clamp(rows[0].value, 0.0, 1000.0));
 }
 
 bool EditSelectedDataDialog() {

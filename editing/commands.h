@@ -9,6 +9,9 @@ namespace korvexed {
 
 // Change Feedrate on the marked vertices; true when something changed.
 bool ChangeFeedrateCommand(double old_f, double new_f);
+// Scale Extrusion Rate of the marked vertices by `percent`; true when it
+// changed something.
+bool ScaleExtrusionCommand(double percent);
 // Translate All GCode; false (after "No translation is needed") when all
 // three values are negligible.
 bool TranslateCommand(double rotation, double ox, double oy);
@@ -36,6 +39,8 @@ struct FeedrateMemory {
 bool ChangeFeedrateDialog(FeedrateMemory& memory);
 // The three values start at 0 each time; after Cancel they stay 0.
 bool TranslateDialog();
+// Asks for the scale in percent (100 at first), within 0 ... 1000.
+bool ScaleExtrusionDialog();
 // Edits the first selected line of the selection list, or, when that list
 // is empty, the caret row of the data list.
 bool EditSelectedDataDialog();

@@ -8,6 +8,7 @@
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
 #include "editing/move_length.h"
+#include "editing/step_record.h"
 #include "platform/platform.h"
 
 namespace korvexed {
@@ -27,6 +28,7 @@ void rederive_next_move(coor_data p, double p_z, int32_t layer, int32_t r) {
 // from the state before the vertex deleted. Returns the change of its E.
 double rederive_after_run(std::span<const int32_t> run, int32_t layer, int32_t n) {
   const int32_t cur = doc.current_layer;
+  save_for_undo(&StepRecord::save_record, doc.layer(layer).g[static_cast<size_t>(n)].index);
   coor_data& m = doc.coor(layer, n);
   coor_data p;
   for (auto it = run.rbegin(); it != run.rend(); ++it) {
@@ -60,13 +62,17 @@ int32_t take_out_thickness(int32_t i) {
   const double thickness = z - below;
   int32_t j = i + 1;
   for (; j < doc.layer_count && doc.layer(j).z > z; ++j) {
+    save_for_undo(&StepRecord::save_layer_z, j);
     layer_data& layer = doc.layer(j);
     layer.z -= thickness;
     // Its lifts and other heights of their own come down with it.
     for (int32_t r = 0; r < layer.g_count; ++r) {
       const g_entry& entry = layer.g[static_cast<size_t>(r)];
       if (!is_move(entry.kind)) continue;
-      if (height_data* own = doc.z_list.find(entry.index)) own->z -= thickness;
+      if (height_data* own = doc.z_list.find(entry.index)) {
+        save_for_undo(&StepRecord::save_height, entry.index);
+        own->z -= thickness;
+      }
     }
   }
   return j;
@@ -102,6 +108,7 @@ int32_t delete_marked_vertices() {
     const g_entry& entry = ly.g[static_cast<size_t>(r)];
     if (restarts_e(entry)) owed = 0;
     if (!is_move(entry.kind)) continue;
+    save_for_undo(&StepRecord::save_e, entry.index);
     doc.coor(entry).e += owed;
     if (next_marked < marked.size() && marked[next_marked] == r) {
       int32_t p_layer = cur;
@@ -160,6 +167,7 @@ int32_t delete_selected_layers() {
     // The removed layer's slot, with its entries, goes behind the last layer.
     std::rotate(doc.layer_list.begin() + i, doc.layer_list.begin() + i + 1, doc.layer_list.begin() + doc.layer_count);
     --doc.layer_count;
+    save_for_undo(&StepRecord::layer_removed, i);
     ++deleted;
     // The moves that now follow the removed layer, and the lowered ones,
     // climb from elsewhere.

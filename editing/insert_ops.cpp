@@ -6,6 +6,7 @@
 
 #include "editing/korvexed_data.h"
 #include "editing/move_length.h"
+#include "editing/step_record.h"
 #include "platform/platform.h"
 
 namespace korvexed {
@@ -65,6 +66,7 @@ void insert_point(int32_t r, double x, double y) {
   const double p_z = height_before(cur, r - 1), m_z = move_z(cur, r);
   check_d_delta(p, p_z, cur, r);
   const g_entry entry = doc.layer(cur).g[static_cast<size_t>(r)];
+  save_for_undo(&StepRecord::save_record, entry.index);
   coor_data m = doc.coor(entry);
   const bool arc = is_arc(entry.kind);
   const Arc whole = arc ? doc.arc_from({p.x, p.y}, entry) : Arc{};
@@ -101,6 +103,7 @@ void insert_point(int32_t r, double x, double y) {
     // Both pieces turn round the arc's centre.
     const PlanePoint centre = whole.centre();
     doc.add_arc(q_index, centre.x - p.x, centre.y - p.y, split.angle);
+    save_for_undo(&StepRecord::save_arc, entry.index);
     arc_data& rest = doc.arc(entry.index);
     rest.i = centre.x - q.x;
     rest.j = centre.y - q.y;

@@ -6,6 +6,7 @@
 
 #include "editing/list_state.h"
 #include "editing/move_length.h"
+#include "editing/step_record.h"
 #include "platform/platform.h"
 
 namespace korvexed {
@@ -91,8 +92,12 @@ void shift_e_after(int32_t layer, int32_t r, double delta) {
     const layer_data& ly = doc.layer(layer);
     for (int32_t i = r; i < ly.g_count; ++i) {
       const g_entry& entry = ly.g[static_cast<size_t>(i)];
-      if (is_move(entry.kind)) doc.coor(entry).e += delta;
-      else if (restarts_e(entry)) return;
+      if (is_move(entry.kind)) {
+        save_for_undo(&StepRecord::save_e, entry.index);
+        doc.coor(entry).e += delta;
+      } else if (restarts_e(entry)) {
+        return;
+      }
     }
   }
 }
@@ -100,6 +105,7 @@ void shift_e_after(int32_t layer, int32_t r, double delta) {
 bool restarts_e(const g_entry& entry) { return entry.kind == line_kind::g92 && doc.coor(entry).e != no_value; }
 
 void insert_record_before(int32_t layer, int32_t r) {
+  save_for_undo(&StepRecord::save_entries, layer);
   layer_data& ly = doc.layer(layer);
   doc.ensure_g_capacity(ly);
   const int32_t index = doc.new_coor_record();
@@ -114,6 +120,7 @@ void insert_record_before(int32_t layer, int32_t r) {
 void delete_record(int32_t layer, int32_t r) { delete_records(layer, {&r, 1}); }
 
 void delete_records(int32_t layer, std::span<const int32_t> rows) {
+  save_for_undo(&StepRecord::save_entries, layer);
   layer_data& ly = doc.layer(layer);
   // The entries that stay close up in one pass.
   int32_t kept = 0;
@@ -132,6 +139,7 @@ void delete_records(int32_t layer, std::span<const int32_t> rows) {
 }
 
 void rederive_move(const coor_data& p, double p_z, int32_t layer, int32_t r) {
+  save_for_undo(&StepRecord::save_record, doc.layer(layer).g[static_cast<size_t>(r)].index);
   coor_data& m = doc.coor(layer, r);
   const double l2 = refit_length_sq(p, p_z, layer, r);
   keep_extrusion_rate(m, l2);
@@ -163,7 +171,10 @@ double move_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r) 
 
 double refit_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r) {
   const g_entry& entry = doc.layer(layer).g[static_cast<size_t>(r)];
-  if (is_arc(entry.kind)) doc.fit_arc(entry, {p.x, p.y});
+  if (is_arc(entry.kind)) {
+    save_for_undo(&StepRecord::save_arc, entry.index);
+    doc.fit_arc(entry, {p.x, p.y});
+  }
   return move_length_sq(p, p_z, layer, r);
 }
 
@@ -192,7 +203,9 @@ double seg_dist_sq(double x1, double y1, double x2, double y2, double px, double
 }
 
 void replace_text_record(int32_t r, const std::string& text) {
-  doc.text_list[doc.layer(doc.current_layer).g[static_cast<size_t>(r)].index] = text;
+  const int32_t index = doc.layer(doc.current_layer).g[static_cast<size_t>(r)].index;
+  save_for_undo(&StepRecord::save_text, index);
+  doc.text_list[index] = text;
 }
 
 }  // namespace korvexed

@@ -68,6 +68,9 @@ int32_t delete_marked_vertices();
 int32_t delete_selected_rows();
 int32_t delete_selected_layers();
 int32_t change_feedrate(double old_f, double new_f);
+// Multiplies the extrusion of the marked extruding moves by `factor` and
+// carries the change of E on; how many it scaled.
+int32_t scale_marked_extrusion(double factor);
 int32_t set_marked_kind(line_kind kind);
 
 // Point insertion into the current layer.

@@ -107,6 +107,34 @@ void ShowSingleLayer(int32_t layer) {
   LayerClick();
 }
 
+ListView CaptureListView() {
+  return {lists.layer_selected, lists.layer_caret, doc.current_layer,
+          lists.data_selected,  lists.data_caret,  lists.select_flag};
+}
+
+void RestoreListView(const ListView& view) {
+  lists.layer_selected = view.layer_selected;
+  lists.layer_caret = view.layer_caret;
+  platform().set_slider_range(SliderId::layer, std::max(doc.layer_count - 1, 0), true);
+  platform().list_refilled(ListId::layer);
+  if (view.current_layer < 0) {
+    ClearCurrentLayer();
+    RedrawView();
+    return;
+  }
+  doc.current_layer = view.current_layer;
+  lists.data_selected = view.data_selected;
+  lists.data_caret = view.data_caret;
+  lists.select_flag = view.select_flag;
+  platform().list_refilled(ListId::data);
+  platform().set_slider_value(SliderId::layer, view.current_layer);
+  platform().set_list_button_enabled(ListId::data, !lists.data_selected.empty());
+  RebuildSelectionList();
+  platform().set_list_button_enabled(ListId::select, !lists.row_to_g.empty());
+  RefreshListsAfterEdit();
+  ShowStatus("Layer " + std::to_string(view.current_layer), 2);
+}
+
 void RefreshLayerCaptions() {
   platform().set_slider_range(SliderId::layer, std::max(doc.layer_count - 1, 0), true);
   platform().list_reset(ListId::layer);

@@ -2,6 +2,7 @@
 // The state behind the main window's three lists, owned by the logic so
 // that the editor, the CLI and the tests share it. The window's list
 // controls are views of it (Platform::list_* tell them what changed).
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -45,6 +46,21 @@ std::string LayerLineText(int32_t layer);
 // line k of the selection list.
 std::string DataLineText(int32_t row);
 std::string SelectLineText(int32_t line);
+
+// What is on view and marked, as Undo brings it back.
+struct ListView {
+  std::vector<uint8_t> layer_selected;
+  int32_t layer_caret = -1;
+  int32_t current_layer = -1;
+  std::vector<uint8_t> data_selected;
+  int32_t data_caret = -1;
+  std::vector<uint8_t> select_flag;
+
+  size_t bytes() const { return layer_selected.capacity() + data_selected.capacity() + select_flag.capacity(); }
+};
+ListView CaptureListView();
+// Shows the layer list anew (its layers may have changed), then `view`.
+void RestoreListView(const ListView& view);
 
 // After a load: every layer listed, `current` alone on view and current as
 // a click on its line makes it.

@@ -6,6 +6,7 @@
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
 #include "editing/move_length.h"
+#include "editing/step_record.h"
 
 namespace korvexed {
 
@@ -24,7 +25,9 @@ std::vector<int32_t> marked_rows() {
 void move_vertex(const coor_data& p, double p_z, int32_t r, double dx, double dy, double de) {
   const int32_t cur = doc.current_layer;
   check_d_delta(p, p_z, cur, r);
-  doc.mark_given(doc.layer(cur).g[static_cast<size_t>(r)].index,
+  const int32_t index = doc.layer(cur).g[static_cast<size_t>(r)].index;
+  save_for_undo(&StepRecord::save_record, index);
+  doc.mark_given(index,
                  given_x | given_y | (std::fabs(de) > negligible ? given_e : 0));
   coor_data& m = doc.coor(cur, r);
   m.x += dx;
@@ -41,6 +44,7 @@ void move_vertex(const coor_data& p, double p_z, int32_t r, double dx, double dy
 // owe.
 double rederive_next(const coor_data& p, double p_z, int32_t n) {
   const int32_t cur = doc.current_layer;
+  save_for_undo(&StepRecord::save_record, doc.layer(cur).g[static_cast<size_t>(n)].index);
   coor_data& next = doc.coor(cur, n);
   const double l2 = refit_length_sq(p, p_z, cur, n);
   keep_extrusion_rate(next, l2);
@@ -81,10 +85,12 @@ bool move_marked(double dx, double dy, double de) {
     if (restarts_e(entry)) owed = 0;
     if (!is_move(entry.kind)) continue;
     coor_data& c = doc.coor(entry);
+    save_for_undo(&StepRecord::save_e, entry.index);
     c.e += owed;
     const bool marked_here = next_marked < marked.size() && marked[next_marked] == r;
     const bool follower = start_moved && !marked_here && follows(entry, moved_from);
     if (follower) {
+      save_for_undo(&StepRecord::save_xy, entry.index);
       c.x += dx;
       c.y += dy;
     }
@@ -114,6 +120,39 @@ bool move_marked(double dx, double dy, double de) {
   return true;
 }
 
+int32_t scale_marked_extrusion(double factor) {
+  const std::vector<int32_t> marked = marked_rows();
+  const layer_data& ly = doc.layer(doc.current_layer);
+  // One walk to the end of the layer, as move_marked walks.
+  double owed = 0;
+  int32_t scaled = 0;
+  size_t next_marked = 0;
+  for (int32_t r = marked.empty() ? ly.g_count : marked.front(); r < ly.g_count; ++r) {
+    const g_entry& entry = ly.g[static_cast<size_t>(r)];
+    if (restarts_e(entry)) owed = 0;
+    if (!is_move(entry.kind)) continue;
+    const bool is_marked = next_marked < marked.size() && marked[next_marked] == r;
+    next_marked += is_marked;
+    coor_data& m = doc.coor(entry);
+    if (!is_marked || m.no_extrude) {
+      save_for_undo(&StepRecord::save_e, entry.index);
+      m.e += owed;
+      continue;
+    }
+    save_for_undo(&StepRecord::save_record, entry.index);
+    const double scaled_delta = m.e_delta * factor;
+    owed += scaled_delta - m.e_delta;
+    m.e_delta = scaled_delta;
+    m.e += owed;
+    // No extrusion left: it draws and writes as a travel, as the loader reads one.
+    m.no_extrude = scaled_delta <= 0;
+    doc.mark_given(entry.index, given_e);
+    ++scaled;
+  }
+  shift_e_after(doc.current_layer + 1, 0, owed);
+  return scaled;
+}
+
 int32_t change_feedrate(double old_f, double new_f) {
   int32_t changed = 0;
   for (const int32_t r : lists.row_to_g) {
@@ -122,6 +161,7 @@ int32_t change_feedrate(double old_f, double new_f) {
     coor_data& c = doc.coor_list[index];
     // An old feedrate of 0 or below stands for every one.
     if ((old_f <= 0 || c.f == old_f) && c.f != new_f) {
+      save_for_undo(&StepRecord::save_record, index);
       c.f = new_f;
       doc.mark_given(index, given_f);
       ++changed;
@@ -137,6 +177,7 @@ int32_t set_marked_kind(line_kind kind) {
     g_entry& entry = ly.g[static_cast<size_t>(r)];
     // Arcs stay arcs.
     if (lists.select_flag[static_cast<size_t>(r)] && entry.kind != kind && !is_arc(entry.kind)) {
+      save_for_undo(&StepRecord::save_entries, doc.current_layer);
       entry.kind = kind;
       ++changed;
     }

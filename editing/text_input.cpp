@@ -1,6 +1,7 @@
 #include "editing/text_input.h"
 
 #include "editing/commands.h"
+#include "editing/history.h"
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
 #include "editing/typed_number.h"
@@ -82,10 +83,13 @@ bool TextInput(int32_t r) {
   const coor_data c = doc.coor(entry);  // a copy: the edit moves the record
   const RecordForm shown = coordinate_form(c, entry.kind);
   RecordForm form = shown;
-  if (!platform().ask_record(form) || !apply_coordinates(form, shown, c)) return false;
-  doc.modified = true;
-  RefreshListsAfterEdit();
-  return true;
+  if (!platform().ask_record(form)) return false;
+  return history.run("Edit Selected Data", [=] {
+    if (!apply_coordinates(form, shown, c)) return false;
+    doc.modified = true;
+    RefreshListsAfterEdit();
+    return true;
+  });
 }
 
 }  // namespace korvexed

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "editing/korvexed_data.h"
+#include "editing/step_record.h"
 
 namespace korvexed {
 
@@ -21,6 +22,7 @@ void translate_all(double rotation, double ox, double oy) {
       const g_entry& entry = ly.g[static_cast<size_t>(i)];
       if (!is_move(entry.kind)) continue;
       // A rigid motion keeps every length: nothing needs re-deriving.
+      save_for_undo(&StepRecord::save_xy, entry.index);
       coor_data& m = doc.coor(entry);
       if (rotate) {
         const double x = m.x;
@@ -28,6 +30,7 @@ void translate_all(double rotation, double ox, double oy) {
         m.y = s * x + c * m.y;
         if (is_arc(entry.kind)) {
           // The centre's offset turns with the points; nothing is refitted.
+          save_for_undo(&StepRecord::save_arc, entry.index);
           arc_data& centre = doc.arc(entry.index);
           const double i = centre.i;
           centre.i = c * i - s * centre.j;

@@ -76,6 +76,10 @@ class Platform {
   // The editing dialogs, modal: true on OK, with the typed texts in `form`.
   virtual bool ask_values(ValueForm& form) = 0;
   virtual bool ask_record(RecordForm& form) = 0;
+
+  // The steps that Undo and Redo would take ("" for none). Only the window
+  // shows them.
+  virtual void show_history(std::string_view /*undo_step*/, std::string_view /*redo_step*/) {}
 };
 
 // The platform in use. Until one is installed, a headless one answers.

@@ -86,6 +86,25 @@ void QtPlatform::set_save_action(QAction* save) {
 
 void QtPlatform::set_export_action(QAction* tagged_export) { export_ = tagged_export; }
 
+void QtPlatform::set_history_controls(std::array<QAction*, 2> items, std::array<QWidget*, 2> buttons) {
+  history_items_ = items;
+  history_buttons_ = buttons;
+  show_history("", "");
+}
+
+void QtPlatform::show_history(std::string_view undo_step, std::string_view redo_step) {
+  const std::array<std::string_view, 2> steps{undo_step, redo_step};
+  const std::array<QString, 2> captions{QStringLiteral("&Undo"), QStringLiteral("&Redo")};
+  for (size_t i = 0; i < 2; ++i) {
+    const bool any = !steps[i].empty();
+    if (history_items_[i]) {
+      history_items_[i]->setText(any ? captions[i] + QLatin1Char(' ') + ToQString(steps[i]) : captions[i]);
+      history_items_[i]->setEnabled(any);
+    }
+    if (history_buttons_[i]) history_buttons_[i]->setEnabled(any);
+  }
+}
+
 QString QtPlatform::status_text(int panel) const {
   if (panel < 1 || panel > static_cast<int>(panels_.size())) return {};
   return panels_[static_cast<size_t>(panel - 1)]->text();

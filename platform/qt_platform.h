@@ -63,6 +63,9 @@ class QtPlatform : public Platform {
   void set_slider(SliderId slider, QAbstractSlider* bar);
   // A pop-up menu of the drawing area and its items by index.
   void set_popup_menu(PopupMenu menu, QMenu* parent, std::vector<QAction*> items);
+  // The Undo and Redo items and their toolbar buttons.
+  void set_history_controls(std::array<QAction*, 2> items, std::array<QWidget*, 2> buttons);
+  void show_history(std::string_view undo_step, std::string_view redo_step) override;
 
  private:
   // `start`: a folder, or a file whose folder and name the chooser starts from.
@@ -77,6 +80,8 @@ class QtPlatform : public Platform {
   std::vector<QWidget*> widgets_;
   QAction* save_ = nullptr;
   QAction* export_ = nullptr;
+  std::array<QAction*, 2> history_items_{};
+  std::array<QWidget*, 2> history_buttons_{};
   std::array<ListBox*, 3> lists_{};
   std::array<QWidget*, 3> list_buttons_{};
   std::array<QAbstractSlider*, 2> sliders_{};

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "editing/commands.h"
+#include "editing/history.h"
 #include "tests/editing_fixture.h"
 #include "view/world_view.h"
 
@@ -30,6 +31,36 @@ class PickTest : public EditingTest {
  private:
   WorldView saved_view_;
 };
+
+using ScaleExtrusion = EditingTest;
+
+TEST_F(ScaleExtrusion, ScalesTheMarkedExtrusionAndCarriesTheChangeOnAsOneStep) {
+  load(straight_doc);
+  ShowSingleLayer(0);
+  mark({2, 3});
+  ASSERT_TRUE(ScaleExtrusionCommand(200));
+  EXPECT_EQ(column(&coor_data::e_delta, 0, 2, 4), (std::vector<double>{6, 6, 3}));
+  EXPECT_EQ(column(&coor_data::e, 0, 2, 4), (std::vector<double>{6, 12, 15}));
+  EXPECT_TRUE(at(0, 3).given & given_e);
+  EXPECT_CONSISTENT();
+  EXPECT_EQ(history.undo_name(), "Scale Extrusion Rate");
+  history.undo();
+  EXPECT_EQ(column(&coor_data::e, 0, 2, 4), (std::vector<double>{3, 6, 9}));
+}
+
+TEST_F(ScaleExtrusion, NothingLeftMakesATravelAndAHundredPercentChangesNothing) {
+  load(straight_doc);
+  ShowSingleLayer(0);
+  mark({3});
+  ASSERT_TRUE(ScaleExtrusionCommand(0));
+  EXPECT_TRUE(at(0, 3).no_extrude);
+  EXPECT_EQ(column(&coor_data::e, 0, 2, 4), (std::vector<double>{3, 3, 6}));
+  // A travel is no extruding move: nothing more to scale.
+  EXPECT_FALSE(ScaleExtrusionCommand(50));
+  mark({2});
+  EXPECT_FALSE(ScaleExtrusionCommand(100));
+  EXPECT_EQ(history.size(), 1u);
+}
 
 }  // namespace
 

@@ -64,6 +64,8 @@ constexpr ItemState start_state[] = {
     {"poFile_2", "Save &As...", "", true, false, false},
     {"poFile_3", "Export", "", true, false, false},
     {"poFile_5", "&Quit", "Ctrl+Q", true, true, false},
+    {"poEdit_0", "&Undo", "Ctrl+Z", true, false, false},
+    {"poEdit_1", "&Redo", "Ctrl+Y", true, false, false},
     {"poView_0", "&Zoom +", "F2", true, false, false},
     {"poView_1", "Z&oom -", "F3", true, false, false},
     {"poView_2", "Zoom &Fit", "F4", true, false, false},
@@ -71,8 +73,8 @@ constexpr ItemState start_state[] = {
     {"poSetting_1", "&Data Range Scroll", "F6", true, true, true},
     {"poSetting_2", "Show &Movement", "F7", true, true, true},
     {"poSetting_3", "Show &Arrow", "F8", true, true, true},
-    {"poTools_0", "&Ruler", "", false, true, false},
-    {"poTools_2", "Scale &Extrusion Rate", "", false, true, false},
+    {"poTools_0", "&Ruler", "", true, true, false},
+    {"poTools_2", "Scale &Extrusion Rate", "", true, false, false},
     {"poHelp_0", "&Manual", "F1", true, true, false},
     {"poHelp_1", "&About", "F12", true, true, false},
     {"poSelectEdit_0", "&Copy Selected Data", "Ctrl+C", false, false, false},
@@ -288,6 +290,9 @@ TEST_F(WindowTest, HelpShowsTheManualInTwoBoxesAndTheVersionInAbout) {
   ASSERT_EQ(dialogs_.seen.size(), 2u);
   EXPECT_TRUE(dialogs_.seen[0].text.startsWith(QStringLiteral("For now, the Basic Parts are just:\n1) Open")));
   EXPECT_TRUE(dialogs_.seen[0].text.endsWith(QStringLiteral("another file,\nleaving original file as backup.)")));
+  EXPECT_TRUE(dialogs_.seen[0].text.contains(QStringLiteral(
+      "will move them (Ctrl+Z undoes)\n6) Right click on selected vertex/vertices will popup delete menu (Ctrl+Z "
+      "undoes)\n")));
   EXPECT_TRUE(dialogs_.seen[0].lines_whole);
   EXPECT_TRUE(dialogs_.seen[1].text.endsWith(QStringLiteral("time.\n \nThank you for your kind respond.")));
   EXPECT_EQ(dialogs_.seen[1].icon, QMessageBox::Information);

@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QSlider>
@@ -17,6 +18,7 @@
 #include <functional>
 
 #include "controls/list_box.h"
+#include "document/korvexed_file.h"
 #include "editing/consistency.h"
 #include "editing/list_state.h"
 #include "tests/gui_fixture.h"
@@ -405,6 +407,34 @@ TEST_F(MouseTest, EditSelectedDataAppliesOnlyTheFieldsTheUserChanged) {
   EXPECT_EQ(CheckConsistency(), "");
 }
 
+TEST_F(MouseTest, TheRulerMeasuresADragInTheLocalesNumbersAndMarksAndMovesNothing) {
+  QAction* ruler = Item(QStringLiteral("poTools_0"));
+  ruler->trigger();
+  EXPECT_TRUE(ruler->isChecked());
+  Mark({2});
+  const std::vector<double> xs = Field(&coor_data::x);
+  // From the marked vertex (10, 2), 3 mm right and 4 mm up.
+  Drag(Qt::LeftButton, At(10, 2), At(13, 6));
+  EXPECT_EQ(Status(), QString::fromUtf8("Ruler: 5 mm, dX 3, dY 4, 53.1301\u00b0"));
+  EXPECT_EQ(Marks(), "0100");
+  EXPECT_EQ(Field(&coor_data::x), xs);
+  EXPECT_FALSE(doc.modified);
+  EXPECT_EQ(area_->grab().toImage().pixelColor(At(11.5, 4)), QColor(255, 255, 0));  // the measuring line
+  doc.decimal_comma = true;
+  Drag(Qt::LeftButton, At(13, 6), At(10, 2));
+  EXPECT_EQ(Status(), QString::fromUtf8("Ruler: 5 mm, dX -3, dY -4, -126,8699\u00b0"));
+  doc.decimal_comma = false;
+
+  QTest::keyClick(area_, Qt::Key_Escape);
+  EXPECT_FALSE(ruler->isChecked());
+  Drag(Qt::LeftButton, At(9, 1), At(11, 3));  // a band again
+  EXPECT_EQ(Marks(), "0100");
+  EXPECT_TRUE(Status().startsWith("1 vertex selected"));
+  ruler->trigger();
+  ruler->trigger();
+  EXPECT_FALSE(ruler->isChecked());
+}
+
 TEST_F(MouseTest, TheEditMenuOffersFeedrateAndItsShortcutsNeedADocument) {
   Mark({2});
   Click(Qt::RightButton, At(10, 2));
@@ -439,6 +469,184 @@ TEST_F(MouseTest, ATextRowIsEditedFromTheDataListAndTheShortcutsThenStillReachTh
   ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
   QTest::keyClick(window_.get(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_EQ(Record(3).f, 900);
+}
+
+// Undo and Redo from the keys, the Edit menu and the toolbar.
+class UndoTest : public MouseTest {
+ protected:
+  void Key(Qt::Key key, Qt::KeyboardModifiers keys = {}) {
+    window_->activateWindow();  // the offscreen platform does not hand it back after a dialog
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QTest::keyClick(window_.get(), key, keys);
+  }
+  // The bytes a save would write, without saving.
+  std::string Bytes() const {
+    const std::string copy = (dir_ / "copy.gcode").string();
+    EXPECT_TRUE(SaveGCode(copy, save_plain));
+    std::ifstream in(copy, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  }
+  // A drag of the marked vertex 2, in two steps of the pointer.
+  void DragVertex2() {
+    QTest::mousePress(area_, Qt::LeftButton, {}, At(10, 2, 4, -2));
+    QTest::mouseMove(area_, At(10, 2, 9, -12));
+    QTest::mouseMove(area_, At(10, 2, 14, -22));
+    QTest::mouseRelease(area_, Qt::LeftButton, {}, At(10, 2, 14, -22));
+  }
+  void ClickButton(int index) {
+    QTest::mouseClick(Control<QWidget>(QStringLiteral("CoolButton1_%1").arg(index)), Qt::LeftButton);
+  }
+  QAction* UndoItem() const { return Item(QStringLiteral("poEdit_0")); }
+  QAction* RedoItem() const { return Item(QStringLiteral("poEdit_1")); }
+};
+
+TEST_F(UndoTest, TheEditMenuStandsAfterFileAndItsButtonsAfterSave) {
+  const QList<QAction*> menus = window_->menuBar()->actions();
+  ASSERT_GE(menus.size(), 3);
+  EXPECT_EQ(menus[0]->text(), "&File");
+  EXPECT_EQ(menus[1]->text(), "&Edit");
+  EXPECT_EQ(menus[2]->text(), "&View");
+  EXPECT_EQ(RedoItem()->shortcuts(), (QList<QKeySequence>{QKeySequence(QStringLiteral("Ctrl+Y")),
+                                                          QKeySequence(QStringLiteral("Ctrl+Shift+Z"))}));
+  const auto x = [this](int index) { return Control<QWidget>(QStringLiteral("CoolButton1_%1").arg(index))->x(); };
+  EXPECT_LT(x(1), x(12));
+  EXPECT_LT(x(12), x(13));
+  EXPECT_LT(x(13), x(2));
+  EXPECT_EQ(Control<QWidget>(QStringLiteral("CoolButton1_12"))->toolTip(), "Undo");
+  EXPECT_EQ(Control<QWidget>(QStringLiteral("CoolButton1_13"))->toolTip(), "Redo");
+  EXPECT_FALSE(Control<QWidget>(QStringLiteral("CoolButton1_12"))->isEnabled());
+}
+
+TEST_F(UndoTest, AWholeDragIsOneStepThatCtrlZTakesBackAndCtrlYOrCtrlShiftZAppliesAgain) {
+  const std::string untouched = Bytes();
+  EXPECT_EQ(UndoItem()->text(), "&Undo");
+  EXPECT_FALSE(UndoItem()->isEnabled());
+  Mark({2, 3});
+  DragVertex2();
+  const std::vector<double> moved = Field(&coor_data::x);
+  EXPECT_EQ(UndoItem()->text(), "&Undo Move");
+  EXPECT_TRUE(UndoItem()->isEnabled());
+  EXPECT_FALSE(RedoItem()->isEnabled());
+  Mark({1});  // a change of marks is no step; Undo brings back those of the drag
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Field(&coor_data::x), (std::vector<double>{2, 10, 10, 2}));
+  EXPECT_EQ(Marks(), "0110");
+  EXPECT_EQ(Status(), "2 vertices selected");
+  EXPECT_FALSE(doc.modified);
+  EXPECT_EQ(UndoItem()->text(), "&Undo");
+  EXPECT_FALSE(UndoItem()->isEnabled());
+  EXPECT_EQ(RedoItem()->text(), "&Redo Move");
+  Key(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(Field(&coor_data::x), moved);
+  EXPECT_TRUE(doc.modified);
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(Field(&coor_data::x), moved);
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Saved(), untouched);
+}
+
+TEST_F(UndoTest, EveryEditIsAStepThatTheMenuAndTheToolbarTakeBackAndApplyAgain) {
+  const std::string untouched = Bytes();
+  const struct {
+    const char* step;
+    std::function<void()> edit;
+  } cases[] = {
+      {"Change Feedrate",
+       [&] {
+         popups_.items = {"poSelectEdit_3"};
+         popups_.answers = {Type({{"txt_0", "0"}, {"txt_1", "900"}})};
+         Click(Qt::RightButton, At(10, 2));
+       }},
+      {"Edit Selected Data",
+       [&] {
+         popups_.items = {"poSelectEdit_2"};
+         popups_.answers = {Type({{"txtX", "12"}})};
+         Click(Qt::RightButton, At(10, 2));
+       }},
+      {"Delete Selected Data", [&] { Key(Qt::Key_Delete); }},
+      {"Insert Point(s)",
+       [&] {
+         popups_.items = {"poUnSelectEdit_1", "poPoint_1"};
+         Click(Qt::RightButton, At(6, 2, 0, 2));
+       }},
+      {"Translate All GCode",
+       [&] {
+         popups_.answers = {Type({{"txt_1", "5"}})};
+         Item(QStringLiteral("poTools_1"))->trigger();
+       }},
+      {"Scale Extrusion Rate",
+       [&] {
+         popups_.answers = {Type({{"txt_0", "50"}})};
+         emit Control<QMenu>(QStringLiteral("mnTools"))->aboutToShow();
+         Item(QStringLiteral("poTools_2"))->trigger();
+       }},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.step);
+    Mark({2});
+    c.edit();
+    const std::string edited = Bytes();
+    ASSERT_NE(edited, untouched);
+    EXPECT_EQ(UndoItem()->text(), QStringLiteral("&Undo ") + QString::fromLatin1(c.step));
+    ClickButton(12);
+    EXPECT_EQ(Bytes(), untouched);
+    EXPECT_FALSE(doc.modified);
+    EXPECT_EQ(RedoItem()->text(), QStringLiteral("&Redo ") + QString::fromLatin1(c.step));
+    ClickButton(13);
+    EXPECT_EQ(Bytes(), edited);
+    UndoItem()->trigger();
+    EXPECT_EQ(Bytes(), untouched);
+    RedoItem()->trigger();
+    EXPECT_EQ(Bytes(), edited);
+    UndoItem()->trigger();
+  }
+}
+
+TEST_F(UndoTest, ScaleExtrusionRateAsksForAPercentageAndIsGreyedWithoutMarks) {
+  QMenu* tools = Control<QMenu>(QStringLiteral("mnTools"));
+  QAction* scale = Item(QStringLiteral("poTools_2"));
+  emit tools->aboutToShow();
+  EXPECT_FALSE(scale->isEnabled());
+  Mark({2});
+  emit tools->aboutToShow();
+  ASSERT_TRUE(scale->isEnabled());
+  popups_.answers = {[](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Scale Extrusion Rate");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("txt_0")->text(), "100");
+    Type({{"txt_0", "5000"}})(dialog);  // at most 1000 %
+  }};
+  scale->trigger();
+  EXPECT_EQ(Record(2).e_delta, 80);
+}
+
+TEST_F(UndoTest, AReloadStartsANewHistory) {
+  Mark({2});
+  DragVertex2();
+  dialogs_.answers = {QMessageBox::No};
+  Item(QStringLiteral("poFile_6"))->trigger();
+  EXPECT_EQ(dialogs_.seen.size(), 1u);
+  EXPECT_FALSE(UndoItem()->isEnabled());
+  EXPECT_FALSE(doc.modified);
+}
+
+TEST_F(UndoTest, UndoingBackToTheFileAsLoadedClosesWithoutAsking) {
+  Mark({2});
+  DragVertex2();
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(window_->close());
+  EXPECT_TRUE(dialogs_.seen.empty());
+}
+
+TEST_F(UndoTest, UndoingPastTheLastSaveAsksAtClose) {
+  Mark({2});
+  DragVertex2();
+  Saved();
+  Key(Qt::Key_Z, Qt::ControlModifier);  // a save keeps the history
+  EXPECT_TRUE(doc.modified);
+  dialogs_.answers = {QMessageBox::No};
+  EXPECT_TRUE(window_->close());
+  EXPECT_EQ(dialogs_.seen.size(), 1u);
 }
 
 }  // namespace

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <string>
 
 #include "editing/commands.h"
+#include "editing/history.h"
 #include "editing/korvexed_data.h"
 #include "editing/list_events.h"
 #include "editing/list_state.h"
@@ -56,12 +58,35 @@ void rubber_band(int32_t x, int32_t y) {
 // whole way from the press.
 void drag_marked(int32_t x, int32_t y) {
   if (CountSelected(lists.select_line) == 0) return;
-  move_marked((x - gesture.last_x) / view.view_scale, (gesture.last_y - y) / view.view_scale, 0);
+  if (!history.recording()) {
+    // The whole drag is one step; Redo makes its moves again.
+    gesture.drag_moves = std::make_shared<std::vector<PlanePoint>>();
+    history.begin("Move", [moves = gesture.drag_moves] {
+      for (const PlanePoint& step : *moves) move_marked(step.x, step.y, 0);
+      RefreshListsAfterEdit();
+      return true;
+    });
+  }
+  const PlanePoint step{(x - gesture.last_x) / view.view_scale, (gesture.last_y - y) / view.view_scale};
+  if (move_marked(step.x, step.y, 0)) gesture.drag_moves->push_back(step);
   RefreshListsAfterEdit();
   show_status("Movement dX (" + number((x - gesture.press_x) / view.view_scale) + "), dY (" +
               number((gesture.press_y - y) / view.view_scale) + ")");
   doc.modified = true;
   RedrawView();
+}
+
+// The ruler's line from the press to the pointer, and its measure.
+void measure(int32_t x, int32_t y) {
+  RestorePicture();
+  DrawSegment(gesture.press_x, bitmap_y(gesture.press_y), x, bitmap_y(y), band_colour);
+  ShowPicture();
+  double x1, y1, x2, y2;
+  mouse_to_world(gesture.press_x, gesture.press_y, x1, y1);
+  mouse_to_world(x, y, x2, y2);
+  const double dx = x2 - x1, dy = y2 - y1;
+  show_status("Ruler: " + number(std::hypot(dx, dy)) + " mm, dX " + number(dx) + ", dY " + number(dy) + ", " +
+              number(std::atan2(dy, dx) * 180 / std::numbers::pi) + "\u00b0");
 }
 
 void pan(int32_t x, int32_t y) { ZoomView(1, x - gesture.last_x, gesture.last_y - y, true); }
@@ -172,7 +197,7 @@ void picDraw_MouseDown(int32_t button, int32_t x, int32_t y) {
   gesture.press_x = gesture.last_x = view.wheel_anchor_x = x;
   gesture.press_y = gesture.last_y = view.wheel_anchor_y = y;
   gesture.press_button = button;
-  gesture.press_hit = pick_vertex(x, bitmap_y(y), true);  // on a marked vertex: a drag
+  gesture.press_hit = gesture.ruler ? -1 : pick_vertex(x, bitmap_y(y), true);  // on a marked vertex: a drag
   gesture.press_moved = false;
   if (button == left_button && gesture.press_hit < 0) SavePicture();
 }
@@ -185,7 +210,8 @@ void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y) {
   if (!gesture.press_moved && near_press(x, y)) return;
   switch (buttons) {
     case left_button:
-      if (gesture.press_hit < 0) rubber_band(x, y);
+      if (gesture.ruler) measure(x, y);
+      else if (gesture.press_hit < 0) rubber_band(x, y);
       else drag_marked(x, y);
       break;
     case right_button:
@@ -203,7 +229,10 @@ void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y) {
 void picDraw_MouseUp(int32_t button, int32_t x, int32_t y) {
   if (!IsDocumentLoaded() || gesture.press_button == 0) return;
   const BusyPointer busy;
-  if (button == left_button && !gesture.press_moved) {
+  history.end();  // a drag's step
+  if (button == left_button && gesture.ruler) {
+    // A measure marks nothing; its line stays until the next redraw.
+  } else if (button == left_button && !gesture.press_moved) {
     click(x, y);
   } else if (button == left_button) {
     // A finished drag leaves the lists showing the moved records.
@@ -215,6 +244,11 @@ void picDraw_MouseUp(int32_t button, int32_t x, int32_t y) {
   }
   gesture.press_button = 0;
   gesture.press_x = -1;
+}
+
+void SetRuler(bool on) {
+  gesture.ruler = on;
+  if (!on) RedrawView();
 }
 
 void InsertPointsAtClick(int32_t count) {

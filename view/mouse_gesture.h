@@ -4,6 +4,10 @@
 // click opens the edit or the insert menu. Coordinates are the drawing
 // area's, y downwards; the bitmap's y is its height minus the mouse y.
 #include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "document/arc_geometry.h"
 
 namespace korvexed {
 
@@ -25,6 +29,10 @@ struct MouseGesture {
   int32_t press_hit = -1;
   // Cleared before the insert menu opens, set when an insertion used it.
   bool popup_used = false;
+  // Tools > Ruler: a left drag measures instead of marking or moving.
+  bool ruler = false;
+  // The steps of the drag under way, in millimetres, for its Redo.
+  std::shared_ptr<std::vector<PlanePoint>> drag_moves;
 };
 
 extern MouseGesture gesture;
@@ -33,6 +41,9 @@ void picDraw_MouseDown(int32_t button, int32_t x, int32_t y);
 // `buttons`: the buttons held, or-ed.
 void picDraw_MouseMove(int32_t buttons, int32_t x, int32_t y);
 void picDraw_MouseUp(int32_t button, int32_t x, int32_t y);
+
+// Turns the ruler on or off; off wipes its line.
+void SetRuler(bool on);
 
 // Insert Point(s) of the insert menu: `count` points on the line that the
 // right click picked; one point goes where the user clicked.
