@@ -196,8 +196,7 @@ void FmMain::BuildPopupMenus() {
                  AddItem(popLstLayer_, "poPopLayer", 3, QStringLiteral("&Delete Selected Layers"))};
 
   // The commands that are not finished stay greyed even where they are shown.
-  for (QAction* item : {poSelectEdit_[0], poSelectEdit_[1], poUnSelectEdit_[0], poUnSelectEdit_[2],
-                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2]})
+  for (QAction* item : {poUnSelectEdit_[2], poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2]})
     item->setEnabled(false);
   // The edit commands' shortcuts work wherever the window has the focus.
   for (QMenu* menu : {mnSelectEdit_, mnUnSelectEdit_}) addActions(menu->actions());
@@ -214,8 +213,7 @@ void FmMain::BuildPopupMenus() {
 }
 
 void FmMain::HideUnfinishedCommands() {
-  for (QAction* item : {poSelectEdit_[0], poSelectEdit_[1], poUnSelectEdit_[0], poUnSelectEdit_[2],
-                        poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2]})
+  for (QAction* item : {poUnSelectEdit_[2], poUnSelectEdit_[3], poPopLayer_[0], poPopLayer_[1], poPopLayer_[2]})
     item->setVisible(false);
 }
 

@@ -5,6 +5,8 @@
 
 #include "controls/list_box.h"
 #include "document/document.h"
+#include "editing/commands.h"
+#include "editing/list_state.h"
 #include "view/draw_area.h"
 #include "view/korvexed_graphic.h"
 #include "view/mouse_gesture.h"
@@ -25,14 +27,21 @@ void FmMain::poSelectEdit_Click(int index) {
     // Data rows (G92 and text lines) go too only when the command came
     // from the data list.
     case 4: changed = DeleteSelectedDataCommand(focusWidget() == lstData_); break;
-    default: return;  // Copy and Cut are inert
+    case 0: CopySelectedDataCommand(focusWidget() == lstData_); return;
+    case 1: changed = CutSelectedDataCommand(focusWidget() == lstData_); break;
+    default: return;
   }
   if (changed) RedrawView();
 }
 
-// Paste, Add First Point and Add Last Point are inert; Insert Point(s)
-// only opens poPoint.
-void FmMain::poUnSelectEdit_Click(int) {}
+// Paste goes before the end of the line right-clicked in the drawing, or
+// before the data list's caret row; Add First Point and Add Last Point are
+// inert, and Insert Point(s) only opens poPoint.
+void FmMain::poUnSelectEdit_Click(int index) {
+  if (index != 0 || !IsDocumentLoaded()) return;
+  const int32_t at = focusWidget() == lstData_ ? lists.data_caret : gesture.press_hit;
+  if (PasteGCodeCommand(at)) RedrawView();
+}
 
 void FmMain::poPoint_Click(int index) { InsertPointsAtClick(index + 1); }
 

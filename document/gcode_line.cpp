@@ -144,6 +144,18 @@ ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::strin
   return line;
 }
 
+bool FindArcCentre(line_kind kind, PlanePoint start, MoveFields& fields) {
+  const PlanePoint end{fields.has(MoveFields::x) ? fields.value[MoveFields::x] : start.x,
+                       fields.has(MoveFields::y) ? fields.value[MoveFields::y] : start.y};
+  double& i = fields.value[MoveFields::i];
+  double& j = fields.value[MoveFields::j];
+  if (fields.has(MoveFields::r))
+    return CentreFromRadius(start, end, fields.value[MoveFields::r], kind == line_kind::g2, i, j);
+  if (i == no_value) i = 0;
+  if (j == no_value) j = 0;
+  return i != 0 || j != 0;
+}
+
 bool KeepsPosition(std::string_view line, const CommandWord& word) {
   if (word.letter == 0) {
     const size_t first = line.find_first_not_of(" \t");

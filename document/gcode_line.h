@@ -50,6 +50,10 @@ struct ReadLine {
 };
 ReadLine ReadMoveLine(const CommandWord& word, std::string_view code, std::string_view comment, std::string& scratch);
 
+// Puts the centre of an arc line that starts at `start` into its I and J,
+// from R where it gives one; false for an arc without a centre.
+bool FindArcCentre(line_kind kind, PlanePoint start, MoveFields& fields);
+
 // The command of a G0/G1, G2/G3 or G92 word, or text.
 line_kind CoordinateCommand(const CommandWord& word);
 

@@ -59,21 +59,11 @@ void follow_modes(const CommandWord& word) {
   if (word.letter == 'G' && word.number >= 17 && word.number <= 19) doc.arcs_in_plane = word.number == 17;
 }
 
-// Puts the centre of an arc line into its I and J, from R where it gives
-// one; false for an arc the printer would not run in the plane (another
-// plane, no centre), which stays text.
+// Puts the centre of an arc line into its I and J; false for an arc the
+// printer would not run in the plane (another plane, no centre), which
+// stays text.
 bool find_arc_centre(line_kind kind, MoveFields& fields) {
-  if (!doc.arcs_in_plane) return false;
-  const PlanePoint start{doc.last_coor.x, doc.last_coor.y};
-  const PlanePoint end{fields.has(MoveFields::x) ? fields.value[MoveFields::x] : start.x,
-                       fields.has(MoveFields::y) ? fields.value[MoveFields::y] : start.y};
-  double& i = fields.value[MoveFields::i];
-  double& j = fields.value[MoveFields::j];
-  if (fields.has(MoveFields::r))
-    return CentreFromRadius(start, end, fields.value[MoveFields::r], kind == line_kind::g2, i, j);
-  if (i == no_value) i = 0;
-  if (j == no_value) j = 0;
-  return i != 0 || j != 0;
+  return doc.arcs_in_plane && FindArcCentre(kind, {doc.last_coor.x, doc.last_coor.y}, fields);
 }
 
 // Cuts the file into its printed layers, and tells whether its ";LAYER:"

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "editing/clipboard.h"
 #include "editing/history.h"
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
@@ -65,13 +66,41 @@ bool TranslateCommand(double rotation, double ox, double oy) {
   });
 }
 
+namespace {
+
+bool delete_selected_data(bool rows_allowed) {
+  if (delete_marked_vertices() > 0) {
+    if (rows_allowed) delete_selected_rows();
+  } else if (!rows_allowed || delete_selected_rows() == 0) {
+    return false;
+  }
+  edited();
+  return true;
+}
+
+}  // namespace
+
 bool DeleteSelectedDataCommand(bool rows_allowed) {
-  return history.run("Delete Selected Data", [=] {
-    if (delete_marked_vertices() > 0) {
-      if (rows_allowed) delete_selected_rows();
-    } else if (!rows_allowed || delete_selected_rows() == 0) {
-      return false;
-    }
+  return history.run("Delete Selected Data", [=] { return delete_selected_data(rows_allowed); });
+}
+
+bool CopySelectedDataCommand(bool rows_allowed) {
+  const std::string text = SelectedDataText(rows_allowed);
+  if (text.empty()) return false;
+  platform().set_clipboard_text(text);
+  return true;
+}
+
+bool CutSelectedDataCommand(bool rows_allowed) {
+  return CopySelectedDataCommand(rows_allowed) &&
+         history.run("Cut Selected Data", [=] { return delete_selected_data(rows_allowed); });
+}
+
+bool PasteGCodeCommand(int32_t r) {
+  const std::string text = platform().clipboard_text();
+  if (text.empty() || r < 0) return false;
+  return history.run("Paste GCode", [=] {
+    if (paste_gcode(r, text) == 0) return false;
     edited();
     return true;
   });

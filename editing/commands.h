@@ -18,6 +18,13 @@ bool TranslateCommand(double rotation, double ox, double oy);
 // Delete Selected Data: marked vertices, then (when `rows_allowed`) the
 // selected G92 and text rows.
 bool DeleteSelectedDataCommand(bool rows_allowed);
+// Copy and Cut put the G-code of what Delete Selected Data would act on
+// on the clipboard (Cut then deletes it, as one step); Paste inserts the
+// clipboard's lines before record r of the current layer. True when the
+// document or the clipboard changed.
+bool CopySelectedDataCommand(bool rows_allowed);
+bool CutSelectedDataCommand(bool rows_allowed);
+bool PasteGCodeCommand(int32_t r);
 // Delete Selected Layers; afterwards the layer in the place of the first
 // deleted one (else the last) is current and alone on view.
 bool DeleteSelectedLayersCommand();

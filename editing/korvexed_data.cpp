@@ -104,17 +104,21 @@ void shift_e_after(int32_t layer, int32_t r, double delta) {
 
 bool restarts_e(const g_entry& entry) { return entry.kind == line_kind::g92 && doc.coor(entry).e != no_value; }
 
-void insert_record_before(int32_t layer, int32_t r) {
+void insert_entry_before(int32_t layer, int32_t r, g_entry entry) {
   save_for_undo(&StepRecord::save_entries, layer);
   layer_data& ly = doc.layer(layer);
   doc.ensure_g_capacity(ly);
-  const int32_t index = doc.new_coor_record();
   const auto at = ly.g.begin() + r;
   std::copy_backward(at, ly.g.begin() + ly.g_count, ly.g.begin() + ly.g_count + 1);
-  at->index = index;  // keeps the kind of the record it displaces
+  *at = entry;
   ++ly.g_count;
-  ++ly.coor_count;
+  if (is_move(entry.kind)) ++ly.coor_count;
   if (layer == doc.current_layer) ListRowInserted(r);
+}
+
+void insert_record_before(int32_t layer, int32_t r) {
+  // The new record keeps the kind of the record it displaces.
+  insert_entry_before(layer, r, {doc.layer(layer).g[static_cast<size_t>(r)].kind, doc.new_coor_record()});
 }
 
 void delete_record(int32_t layer, int32_t r) { delete_records(layer, {&r, 1}); }

@@ -28,6 +28,8 @@ void shift_e_after(int32_t layer, int32_t r, double delta);
 bool restarts_e(const g_entry& entry);
 // Opens a new move record at r (kind of the record it displaces).
 void insert_record_before(int32_t layer, int32_t r);
+// Puts `entry` at r of `layer`.
+void insert_entry_before(int32_t layer, int32_t r, g_entry entry);
 void delete_record(int32_t layer, int32_t r);
 // Removes the records `rows` (ascending) of `layer` at once.
 void delete_records(int32_t layer, std::span<const int32_t> rows);

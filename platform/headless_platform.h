@@ -28,6 +28,8 @@ class HeadlessPlatform : public Platform {
   std::string ask_open_file_name() override { return next_file_name(); }
   std::string ask_save_file_name(const std::string&) override { return next_file_name(); }
   void beep() override { ++beeps; }
+  void set_clipboard_text(const std::string& text) override { clipboard = text; }
+  std::string clipboard_text() const override { return clipboard; }
   Modifiers key_state() const override { return modifiers; }
   void set_busy(bool busy) override { busy_depth += busy ? 1 : -1; }
   bool locale_decimal_comma() const override { return decimal_comma; }
@@ -59,6 +61,7 @@ class HeadlessPlatform : public Platform {
   MsgAnswer default_answer = MsgAnswer::no;    // when no answer is queued
   std::deque<std::string> file_names;          // answers of the file choosers; "" (cancel) when none
   int beeps = 0;
+  std::string clipboard;
   std::array<std::string, 4> status;           // panels 1 to 3
   bool controls_enabled = false;
   bool export_enabled = false;

@@ -46,6 +46,9 @@ class Platform {
   virtual std::string ask_open_file_name() = 0;
   virtual std::string ask_save_file_name(const std::string& suggested) = 0;
   virtual void beep() = 0;
+  // The system clipboard, as plain text.
+  virtual void set_clipboard_text(const std::string& text) = 0;
+  virtual std::string clipboard_text() const = 0;
 
   virtual Modifiers key_state() const = 0;
   virtual void set_busy(bool busy) = 0;

@@ -3,6 +3,7 @@
 #include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
@@ -176,6 +177,12 @@ std::string QtPlatform::AskFileName(QFileDialog::AcceptMode mode, const QString&
 }
 
 void QtPlatform::beep() { QApplication::beep(); }
+
+void QtPlatform::set_clipboard_text(const std::string& text) {
+  QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+std::string QtPlatform::clipboard_text() const { return QGuiApplication::clipboard()->text().toStdString(); }
 
 Modifiers QtPlatform::key_state() const {
   const Qt::KeyboardModifiers held = QGuiApplication::queryKeyboardModifiers();

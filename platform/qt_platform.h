@@ -42,6 +42,8 @@ class QtPlatform : public Platform {
   std::string ask_open_file_name() override;
   std::string ask_save_file_name(const std::string& suggested) override;
   void beep() override;
+  void set_clipboard_text(const std::string& text) override;
+  std::string clipboard_text() const override;
   Modifiers key_state() const override;
   void set_busy(bool busy) override;
   bool locale_decimal_comma() const override;

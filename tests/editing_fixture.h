@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "editing/consistency.h"
+#include "editing/history.h"
 #include "editing/korvexed_data.h"
 #include "editing/list_state.h"
 #include "tests/file_fixture.h"
@@ -35,6 +36,7 @@ class EditingTest : public FileTest {
   void load(const std::string& gcode) {
     load_text(gcode);
     doc.modified = false;
+    history.clear();
     FillLayerList(0);
   }
   static coor_data& at(int32_t layer, int32_t r) { return doc.coor(layer, r); }

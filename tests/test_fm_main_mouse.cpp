@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
@@ -292,6 +293,20 @@ TEST_F(MouseTest, TwoPointsFromTheMenuCutTheLineInThree) {
   EXPECT_EQ(CheckConsistency(), "");
 }
 
+TEST_F(MouseTest, CopiedVerticesPasteBeforeTheLineRightClickedAndCtrlZTakesThemBack) {
+  Mark({2});
+  area_->setFocus();
+  QTest::keyClick(window_.get(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "G1 X10 Y2 E8 F1200\n");
+  popups_.items = {"poUnSelectEdit_0"};
+  Click(Qt::RightButton, At(6, 10));  // the line that ends at record 4
+  ASSERT_EQ(doc.layer(0).g_count, 6);
+  EXPECT_EQ((std::pair{Record(4).x, Record(4).y}), (std::pair{10.0, 2.0}));
+  EXPECT_EQ(CheckConsistency(), "");
+  QTest::keyClick(window_.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(doc.layer(0).g_count, 5);
+}
+
 TEST_F(MouseTest, TheInsertPreviewIsWipedWhenTheMenuClosesUnused) {
   const QImage before = area_->grab().toImage();
   Click(Qt::RightButton, At(6, 2));
@@ -439,7 +454,8 @@ TEST_F(MouseTest, TheEditMenuOffersFeedrateAndItsShortcutsNeedADocument) {
   Mark({2});
   Click(Qt::RightButton, At(10, 2));
   ASSERT_EQ(popups_.enabled.size(), 1u);
-  EXPECT_EQ(popups_.enabled[0], (QStringList{"poSelectEdit_2", "poSelectEdit_3", "poSelectEdit_4"}));
+  EXPECT_EQ(popups_.enabled[0],
+            (QStringList{"poSelectEdit_0", "poSelectEdit_1", "poSelectEdit_2", "poSelectEdit_3", "poSelectEdit_4"}));
 
   StartWith({});
   for (const auto key : {Qt::Key_F, Qt::Key_E}) QTest::keyClick(window_.get(), key, Qt::ControlModifier);
@@ -457,7 +473,8 @@ TEST_F(MouseTest, ATextRowIsEditedFromTheDataListAndTheShortcutsThenStillReachTh
   popups_.answers = {Type({{"txtS", "; start"}})};
   QTest::mouseClick(data->viewport(), Qt::RightButton, {}, data->line_rect(text_row).center());
   ASSERT_EQ(popups_.enabled.size(), 1u);
-  EXPECT_EQ(popups_.enabled[0], (QStringList{"poSelectEdit_2", "poSelectEdit_4"}));
+  EXPECT_EQ(popups_.enabled[0],
+            (QStringList{"poSelectEdit_0", "poSelectEdit_1", "poSelectEdit_2", "poSelectEdit_4"}));
   EXPECT_EQ(std::string_view(doc.text_list[doc.layer(0).g[text_row].index]), "; start");
   EXPECT_EQ(Status(1), Q(DataLineText(text_row)));
   EXPECT_EQ(Status(3), "Data 1");

@@ -170,13 +170,15 @@ void insert_menu(int32_t x, int32_t y) {
   double sx, sy;
   gesture.press_hit = pick_segment(x, bitmap_y(y), sx, sy);
   const bool line_hit = gesture.press_hit >= 0;
+  platform().set_menu_item_enabled(PopupMenu::unselect_edit, 0, line_hit && !platform().clipboard_text().empty());
   platform().set_menu_item_enabled(PopupMenu::unselect_edit, 1, line_hit);
   if (line_hit) {
     SavePicture();
     DrawMoveOver({sx, sy}, doc.layer(doc.current_layer).g[static_cast<size_t>(gesture.press_hit)], band_colour);
     ShowPicture();
   }
-  if (platform().menu_item_enabled(PopupMenu::unselect_edit, 1) ||
+  if (platform().menu_item_enabled(PopupMenu::unselect_edit, 0) ||
+      platform().menu_item_enabled(PopupMenu::unselect_edit, 1) ||
       platform().menu_item_enabled(PopupMenu::unselect_edit, 2)) {
     gesture.popup_used = false;
     platform().popup_menu(PopupMenu::unselect_edit);
