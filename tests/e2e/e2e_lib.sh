@@ -1,6 +1,6 @@
 # What the end-to-end scripts share, sourced at their top: a real X server
 # of their own, a scratch folder $work that goes at the end together with
-# the editor started as $editor_pid, fail, and wait_for.
+# the editor started as $editor_pid, fail, wait_for and open_print.
 set -eu
 # Everything here talks to the X server below, whatever the caller's platform.
 unset QT_QPA_PLATFORM
@@ -33,4 +33,14 @@ wait_for() {
     [ "$tries" -gt 0 ] || return 1
     sleep 0.1
   done
+}
+# Opens a copy of the print $2, $work/print.gcode, in the editor $1 and
+# gives its window ($window) the keyboard.
+open_print() {
+  cp "$2" "$work/print.gcode"
+  "$1" "$work/print.gcode" >"$work/editor.log" 2>&1 &
+  editor_pid=$!
+  window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') || fail "no window"
+  window=$(echo "$window" | head -n 1)
+  timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
 }

@@ -11,12 +11,7 @@ editor=$1 cli=$2 screen_vertices=$3 check_document=$4 fixture=$5
 layer=1          # the first printed layer, current after the load
 drag_x=40 drag_y=30
 
-cp "$fixture" "$work/print.gcode"
-"$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
-editor_pid=$!
-window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') || fail "no window"
-window=$(echo "$window" | head -n 1)
-timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
+open_print "$editor" "$fixture"
 
 # Two lone vertex dots, as they show on the screen: A to drag, and B, away
 # from A's old and new place, to delete.

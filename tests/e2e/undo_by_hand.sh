@@ -8,12 +8,7 @@
 . "$(dirname "$0")/e2e_lib.sh"
 editor=$1 cli=$2 screen_vertices=$3 fixture=$4
 
-cp "$fixture" "$work/print.gcode"
-"$editor" "$work/print.gcode" >"$work/editor.log" 2>&1 &
-editor_pid=$!
-window=$(timeout 20 xdotool search --sync --onlyvisible --name 'print\.gcode') || fail "no window"
-window=$(echo "$window" | head -n 1)
-timeout 10 xdotool windowfocus --sync "$window" || fail "the window takes no focus"
+open_print "$editor" "$fixture"
 
 # A lone vertex dot, the same twice in a row: the screen has settled after
 # the load.
