@@ -26,6 +26,8 @@ class RecordTable {
     T* const first = rows_.data();
     if (hint_ + 1 < count_ && first[hint_ + 1].index == index) return &first[++hint_];
     if (hint_ < count_ && first[hint_].index == index) return &first[hint_];
+    // Between the row found last and the next: no row, and no search.
+    if (hint_ + 1 < count_ && first[hint_].index < index && index < first[hint_ + 1].index) return nullptr;
     T* const at = std::lower_bound(first, first + count_, index, [](const T& row, int32_t i) { return row.index < i; });
     if (at == first + count_ || at->index != index) return nullptr;
     hint_ = static_cast<size_t>(at - first);

@@ -186,10 +186,6 @@ double dist2_sq(double x1, double y1, double x2, double y2) {
   return (x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1);
 }
 
-double dist3_sq(double x1, double y1, double z1, double x2, double y2, double z2) {
-  return (x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1) + (z2 - z1) * (z2 - z1);
-}
-
 void normalize_rect(double& x1, double& y1, double& x2, double& y2) {
   if (x1 > x2) std::swap(x1, x2);
   if (y1 > y2) std::swap(y1, y2);

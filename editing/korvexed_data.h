@@ -50,7 +50,6 @@ double move_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r);
 double refit_length_sq(const coor_data& p, double p_z, int32_t layer, int32_t r);
 
 double dist2_sq(double x1, double y1, double x2, double y2);
-double dist3_sq(double x1, double y1, double z1, double x2, double y2, double z2);
 void normalize_rect(double& x1, double& y1, double& x2, double& y2);
 bool point_in_rect(double px, double py, double x1, double y1, double x2, double y2);
 double seg_dist_sq(double x1, double y1, double x2, double y2, double px, double py);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -70,6 +71,18 @@ class EditingTest : public FileTest {
     for (const auto& m : ui.get().messages) n += m.text.starts_with("for debug purpose");
     return n;
   }
+};
+
+// Random edit sequences: a seeded generator and the picks they make.
+class RandomEditingTest : public EditingTest {
+ protected:
+  std::mt19937 rng;
+
+  int32_t any(int32_t n) { return std::uniform_int_distribution<int32_t>(0, n - 1)(rng); }
+  bool chance(int percent) { return any(100) < percent; }
+  // An offset of up to `reach` mm either way.
+  double offset(double reach) { return std::uniform_real_distribution<double>(-reach, reach)(rng); }
+  static const layer_data& layer() { return doc.layer(doc.current_layer); }
 };
 
 #define EXPECT_CONSISTENT() EXPECT_EQ(::korvexed::CheckConsistency(), "")

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <numeric>
 #include <optional>
 #include <sstream>
 #include <utility>
@@ -236,11 +235,6 @@ std::string CompareMotion(const std::vector<PrinterMove>& a, const std::vector<P
     return "moves[" + std::to_string(i) + "]: " + Describe(from_a) + " vs " + Describe(from_b);
   }
   return "";
-}
-
-double TotalFilament(const std::vector<PrinterMove>& moves) {
-  return std::accumulate(moves.begin(), moves.end(), 0.0,
-                         [](double sum, const PrinterMove& move) { return sum + move.e_change; });
 }
 
 }  // namespace korvexed::test

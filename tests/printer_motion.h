@@ -30,7 +30,4 @@ std::vector<PrinterMove> RunPrinter(std::string_view gcode);
 std::string CompareMotion(const std::vector<PrinterMove>& a, const std::vector<PrinterMove>& b,
                           double tolerance = 1e-5);
 
-// Total filament pushed (sum of e_change).
-double TotalFilament(const std::vector<PrinterMove>& moves);
-
 }  // namespace korvexed::test

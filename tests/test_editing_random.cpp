@@ -11,7 +11,7 @@
 #include "tests/editing_fixture.h"
 
 using namespace korvexed;
-using korvexed::testing::EditingTest;
+using korvexed::testing::RandomEditingTest;
 
 namespace {
 
@@ -56,14 +56,9 @@ std::string random_document(std::mt19937& rng, bool position_resets) {
   return out;
 }
 
-class RandomEdits : public EditingTest {
+class RandomEdits : public RandomEditingTest {
  protected:
-  std::mt19937 rng;
-
-  int32_t any(int32_t n) { return std::uniform_int_distribution<int32_t>(0, n - 1)(rng); }
-  bool chance(int percent) { return any(100) < percent; }
-  double offset() { return std::uniform_real_distribution<double>(-5, 5)(rng); }
-  const layer_data& layer() const { return doc.layer(doc.current_layer); }
+  double offset() { return RandomEditingTest::offset(5); }
 
   // Marks each listed vertex with the given chance; `can_delete` keeps only
   // vertices with no G92 before their next move (vertex deletion ignores

@@ -11,7 +11,6 @@
 using korvexed::test::CompareMotion;
 using korvexed::test::PrinterMove;
 using korvexed::test::RunPrinter;
-using korvexed::test::TotalFilament;
 
 namespace {
 
@@ -78,9 +77,6 @@ TEST(PrinterMotion, ComparesTargetsCentresAndFilamentButNotLineNumbers) {
       {"G1 X1 Y1 Z1 E1\nG1 X2.001 E2\n",
        "moves[1]: line 2 G1 X2 Y1 Z1 filament 1 vs line 2 G1 X2.001 Y1 Z1 filament 1"},
       {"G1 X1 Y1 Z1 E1\nG1 X2 E2.5\n", "moves[1]: line 2 G1 X2 Y1 Z1 filament 1 vs line 2 G1 X2 Y1 Z1 filament 1.5"},
-      {"G1 X1 Z1 E1\nG1 X2 E2\n", "moves[0]: line 1 G1 X1 Y1 Z1 filament 1 vs line 1 G1 X1 Ynan Z1 filament 1"},
-      {"G1 X1 Y1 Z1 E1\nG1 X1.5\nG1 X2 E2\n",
-       "moves[1]: line 2 G1 X2 Y1 Z1 filament 1 vs line 2 G1 X1.5 Y1 Z1 filament 0"},
       {"G1 X1 Y1 Z1 E1\nG1 X2 E2\nG0 X0\n", "moves[2]: no move vs line 3 G0 X0 Y1 Z1 filament 0"},
       {"G1 X1 Y1 Z1 E1\n", "moves[1]: line 2 G1 X2 Y1 Z1 filament 1 vs no move"},
       {"G1 X1 Y1 Z1 E1\nG2 X2 I0.5 E2\n",
@@ -89,10 +85,6 @@ TEST(PrinterMotion, ComparesTargetsCentresAndFilamentButNotLineNumbers) {
   for (const auto& c : cases) {
     EXPECT_EQ(CompareMotion(RunPrinter(original), RunPrinter(c.other)), c.difference) << c.other;
   }
-}
-
-TEST(PrinterMotion, TotalFilamentCountsRetractionsAndPrimes) {
-  EXPECT_DOUBLE_EQ(TotalFilament(RunPrinter("G1 X1 E5\nG1 E3\nG92 E0\nG1 E3.5\nM83\nG1 X2 E0.25\n")), 6.75);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@
 #include "tests/editing_fixture.h"
 
 using namespace korvexed;
-using korvexed::testing::EditingTest;
+using korvexed::testing::RandomEditingTest;
 
 namespace {
 
@@ -58,14 +58,9 @@ bool same_view(const ListView& a, const ListView& b) {
   return a.current_layer == b.current_layer && a.data_selected == b.data_selected && a.select_flag == b.select_flag;
 }
 
-class UndoTest : public EditingTest {
+class UndoTest : public RandomEditingTest {
  protected:
-  std::mt19937 rng;
-
-  int32_t any(int32_t n) { return std::uniform_int_distribution<int32_t>(0, n - 1)(rng); }
-  bool chance(int percent) { return any(100) < percent; }
-  double offset() { return std::uniform_real_distribution<double>(-3, 3)(rng); }
-  const layer_data& layer() const { return doc.layer(doc.current_layer); }
+  double offset() { return RandomEditingTest::offset(3); }
 
   void load_file(const std::string& name) {
     load(read(std::string(KORVEXED_TEST_DATA) + "/" + name));
