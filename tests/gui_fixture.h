@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <deque>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -23,6 +25,12 @@
 inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
 
 namespace korvexed::testing {
+
+// The bytes of a file.
+inline std::string Read(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
 
 // Answers every modal message box and file chooser that opens, records
 // it, and clicks the queued answer (or the box's only button; a chooser

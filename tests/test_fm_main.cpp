@@ -34,11 +34,6 @@ const char* const two_layers =
     "G1 Z0.2 F1800\nG1 X10 Y10 F3000\nG1 X20 Y10 E1\nG1 X20 Y20 E2\n"
     "G1 Z0.4\nG1 X10 Y20 E3\nG0 X5 Y5\n";
 
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 class WindowTest : public FmMainTest {
  protected:
   std::string LoadExample() {

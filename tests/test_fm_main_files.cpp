@@ -28,11 +28,6 @@ namespace fs = std::filesystem;
 
 std::string Slicer(const char* name) { return std::string(KORVEXED_TEST_DATA) + "/" + name + ".gcode"; }
 
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 // `count` layers: the start code, then a line of extrusion on each.
 std::string Layers(int count) {
   std::string gcode = "G21\nG92 E0\n";
